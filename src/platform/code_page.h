@@ -1,0 +1,20 @@
+// Port to the system's single-byte (ANSI) code page: where text and bytes meet.
+#ifndef TAGRIX_PLATFORM_CODE_PAGE_H
+#define TAGRIX_PLATFORM_CODE_PAGE_H
+
+#include <string>
+#include <string_view>
+
+namespace tagrix {
+
+class CodePage {
+ public:
+  virtual ~CodePage() = default;
+  // Characters outside the code page become the system's default replacement.
+  virtual std::string ToBytes(std::wstring_view text) = 0;
+  virtual std::wstring ToText(std::string_view bytes) = 0;
+};
+
+}  // namespace tagrix
+
+#endif
