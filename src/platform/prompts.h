@@ -7,7 +7,7 @@
 
 namespace tagrix {
 
-class Dialog;
+class Form;
 
 struct FileFilter {
   std::wstring label;     // "MP3 Files"
@@ -34,7 +34,7 @@ class Prompts {
   // A Yes/No question; true for Yes.
   virtual bool Question(const std::wstring& text) = 0;
   // Shows the dialog over the active window and returns when it has closed.
-  virtual void ShowModal(Dialog& dialog) = 0;
+  virtual void ShowModal(Form& dialog) = 0;
   virtual OpenFilesAnswer OpenFiles(const OpenFilesRequest& request) = 0;
 };
 

@@ -33,7 +33,7 @@ class TcpSocket {
   // Takes what has arrived and not been taken yet.
   virtual std::string GetData() = 0;
 
-  std::function<void()> dataArrival;   // called in state Connected, before PeerClosing is entered
+  std::function<void()> dataArrival;  // called in state Connected, before PeerClosing is entered
   std::function<void()> sendComplete;
 };
 

@@ -1,0 +1,64 @@
+// The album page's controls: the session's lists, the disc record, the options and the buttons.
+#ifndef TAGRIX_ALBUM_ALBUM_PAGE_H
+#define TAGRIX_ALBUM_ALBUM_PAGE_H
+
+#include <string>
+
+#include "core/context.h"
+#include "forms/buttons.h"
+#include "forms/layout.h"
+#include "forms/lists.h"
+#include "forms/texts.h"
+
+namespace tagrix {
+
+// An entry of `mp3_lst` that stands for a track without a file.
+inline constexpr const wchar_t* kFakeTrack = L"**FAKE TRACK**";
+
+// The lists hold the session: position i of `mp3_lst` belongs to position i of `new_lst` and `tracks_lst`.
+struct AlbumPage {
+  // Files: names with extension and without folder; value = duration in milliseconds, 0 unknown.
+  Frame files_frm{"album_files_frm"};
+  TextBox path_txt{"path_txt"};
+  ListBox mp3_lst{"mp3_lst", true};
+  Button browse_btn{"browse_btn"}, up_btn{"up_btn"}, down_btn{"down_btn"}, delete_btn{"delete_btn"};
+  Button clear_btn{"clear_btn"}, ghost_btn{"ghost_btn"}, autosort_btn{"autosort_btn"}, info_btn{"info_btn"};
+
+  // Results of a search: the albums found.
+  Frame res_frm{"res_frm"}, alb_frm{"alb_frm"};
+  ListBox resalb_lst{"resalb_lst"};
+  Button more_btn{"more_btn"};
+
+  // The disc record.
+  Frame tracks_frm{"tracks_frm"};
+  ListBox tracks_lst{"tracks_lst"};  // "[01] Title"
+  TextBox artist_txt{"artist_txt"}, album_txt{"album_txt"}, year_txt{"year_txt"}, genre_txt{"genre_txt"};
+  Label artist_lbl{"artist_lbl"}, album_lbl{"album_lbl"}, year_lbl{"year_lbl"}, genre_lbl{"genre_lbl"};
+  Button helpgenre_btn{"helpgenre_btn"};
+
+  // What Apply does, with samples of the names it makes.
+  Frame options_frm{"options_frm"};
+  CheckBox ren_chk{"ren_chk"}, pls_chk{"pls_chk"}, ID3v2_chk{"ID3v2_chk"}, ID3v1_chk{"ID3v1_chk"};
+  Label test_lbl{"test_lbl", LabelStyle::Literal}, pls_lbl{"pls_lbl", LabelStyle::Literal};
+
+  Frame steps_frm{"steps_frm"};
+  Button go_btn{"go_btn"}, fetch_btn{"fetch_btn"}, apply_btn{"apply_btn"}, undo_btn{"undo_btn"};
+
+  // Never shown.
+  ListBox new_lst{"new_lst"};    // track titles; value = length in CD frames (1/75 second), 0 unknown
+  ListBox undo_lst{"undo_lst"};  // former names of the entries of mp3_lst
+  ListBox categ_lst{"categ_lst"}, discid_lst{"discid_lst"};  // of each entry of resalb_lst
+  TextBox query_txt{"query_txt"};                            // the search words
+  std::wstring format = L"MP3";                              // the file type chosen with the folder
+};
+
+// Where the page's controls stand.
+Node AlbumLayout(AlbumPage& page);
+// Wires the events and sets the state at start.
+void InitAlbumPage(AlbumPage& page, Context& context);
+// Sets the captions from the language texts.
+void TranslateAlbumPage(AlbumPage& page, Context& context);
+
+}  // namespace tagrix
+
+#endif

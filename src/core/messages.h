@@ -1,0 +1,84 @@
+// The numbers of the language messages, by what they say in English.
+#ifndef TAGRIX_CORE_MESSAGES_H
+#define TAGRIX_CORE_MESSAGES_H
+
+namespace tagrix::message {
+
+inline constexpr int kCount = 178;  // messages 0 to 177
+
+// Album page.
+inline constexpr int kSearch = 1, kRetrieve = 2, kBurnPage = 3, kApply = 4, kMore = 5, kBrowse = 6, kClear = 7;
+inline constexpr int kListerPage = 8, kBulkPage = 9, kPlaylistPage = 10;
+inline constexpr int kAddFake = 11, kAutoSort = 12, kStatistics = 13, kDelete = 14, kRename = 15, kCreatePlaylist = 16;
+inline constexpr int kId3v2 = 17, kId3v1 = 18, kUndo = 19, kFiles = 20, kResults = 21, kAlbums = 22, kTracks = 23;
+inline constexpr int kSteps = 24, kOptions = 25;
+inline constexpr int kArtist = 28, kAlbum = 29, kGenre = 30, kYear = 31, kCancel = 32, kOk = 33;
+
+// About page.
+inline constexpr int kSetupPage = 34, kCheckForUpdates = 35, kSupport = 36, kWebSite = 37, kAboutPage = 38;
+
+// What Apply and Undo say.
+inline constexpr int kApplying = 40, kNoOption = 41, kCountsDiffer = 42;
+inline constexpr int kReadOnly = 43;  // %%1%% the name
+inline constexpr int kTagsNotWritten = 44;
+inline constexpr int kApplyClash = 45;  // %%1%% current name, %%2%% new name
+inline constexpr int kUndoClash = 46;   // %%1%% former path, %%2%% current path
+inline constexpr int kAutoSortGate = 47;
+inline constexpr int kUnexpectedError = 48;
+inline constexpr int kPlaylistExists = 50, kDone = 51;
+
+// FreeDB, updater, start-up.
+inline constexpr int kOfferFakes = 53, kReadFailed = 54;
+inline constexpr int kNoConnection = 55;
+inline constexpr int kNewVersion = 56;        // %%1%% product
+inline constexpr int kDownloadComplete = 57;  // %%1%% product
+inline constexpr int kDownloadFailed = 58;
+inline constexpr int kUpToDate = 59;  // %%1%% product, %%2%% major, %%3%% minor, %%4%% revision
+inline constexpr int kUpdateInfoFailed = 60, kDiscardAlbum = 61, kNothingFound = 62;
+inline constexpr int kNoStyles = 63, kStylesTooShort = 64;
+
+// Folder chooser.
+inline constexpr int kChooserCaption = 65, kDrive = 66, kFolder = 67, kPreview = 68, kFormat = 69, kSubfolders = 70;
+inline constexpr int kRecurse = 71;
+
+// Dialogs.
+inline constexpr int kQueryCaption = 73, kQueryText = 74, kGenreCaption = 75, kTrackEditCaption = 76;
+inline constexpr int kAutoSortCaption = 77, kMethod = 78, kFastSort = 79, kQuadraticSort = 80, kProgress = 81;
+inline constexpr int kConfirmSort = 82;
+
+// Bulk renamer.
+inline constexpr int kUnmerge = 85, kCase = 86, kLowerCase = 87, kUpperCase = 88, kCapitals = 89, kUnderscores = 90;
+inline constexpr int kSpaces = 91, kMultiSpaces = 92, kCaseFrame = 93, kAddFiles = 94, kAddFolder = 95, kReset = 96;
+inline constexpr int kStart = 97;
+inline constexpr int kBulkSummary = 99;  // %%1%% files renamed, %%2%% files listed
+
+// Lister.
+inline constexpr int kInputFolder = 100, kNameColon = 101, kPatternHelp = 102, kRecurseSubfolders = 103;
+inline constexpr int kOutputFolder = 105, kSample = 108;
+inline constexpr int kHelpName = 109, kHelpEnding = 110, kHelpFormat = 111, kHelpSize = 112, kHelpFolder = 113;
+inline constexpr int kFolderMissing = 114, kNoFormat = 115;
+
+// Playlist builder.
+inline constexpr int kFileName = 117, kOverwritePlaylist = 118;
+
+// Setup page.
+inline constexpr int kLanguage = 119, kChooseLanguage = 120, kInternet = 121, kBypass = 122, kAutoUpdate = 123;
+inline constexpr int kRenamer = 124, kPatternColon = 125, kPlaylists = 126, kPlaylistInAlbum = 127;
+inline constexpr int kPlaylistInParent = 128, kPlaylistInFolder = 129, kFreeDb = 130, kChooseServer = 131, kProxy = 132;
+inline constexpr int kUseProxy = 133, kServerColon = 134, kPortColon = 135, kHttpConfig = 136, kCgiPath = 137;
+inline constexpr int kHttpPort = 138, kTokenLegend = 139, kProxyNameMissing = 141;
+
+// Statistics window.
+inline constexpr int kStatisticsCaption = 142, kMaximumDeviation = 143, kGlobalDeviation = 144;
+inline constexpr int kQuadraticDeviation = 145;
+
+// Burn page.
+inline constexpr int kBurn = 146, kCapacity = 147, kPatternPreview = 148;
+
+inline constexpr int kTitle = 165, kTrackNumber = 166, kNoFiles = 167;
+inline constexpr int kRenameFailed = 169;  // %%FIC%% the new path
+inline constexpr int kBurnTime = 172, kBurnerMissing = 173, kTooLong = 174, kAlbumPage = 175, kCancelled = 177;
+
+}  // namespace tagrix::message
+
+#endif

@@ -1,0 +1,49 @@
+// A window as a value: the main window or a modal dialog.
+#ifndef TAGRIX_FORMS_FORM_H
+#define TAGRIX_FORMS_FORM_H
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "forms/buttons.h"
+#include "forms/layout.h"
+
+namespace tagrix {
+
+class Form {
+ public:
+  explicit Form(std::string formName) : name(std::move(formName)) {}
+
+  std::string name;  // identifier ("trackedit"), hung on the window
+  std::wstring caption;
+  Node layout{Node::Kind::Column, {}};
+  Button* defaultButton = nullptr;  // pressed by Enter
+  Button* cancelButton = nullptr;   // pressed by Esc and the close box; none: they close the form
+  Control* firstFocus = nullptr;    // none: the first control that takes the keyboard
+  bool maximised = false;
+  Size startSize;  // device-independent units; the least size when that is larger
+
+  std::function<void()> shown;     // once, when the form has appeared
+  std::function<bool()> canClose;  // asked when the user wants to close it; none: yes
+  std::function<void()> closed;    // after it has gone
+
+  // Closes the form as soon as the current event has been handled, without asking.
+  void Close() { closing_ = true; }
+  bool Closing() const { return closing_; }
+  // The user wants to close it (close box, Alt+F4, Esc).
+  void RequestClose() {
+    if (cancelButton != nullptr) {
+      cancelButton->Click();
+    } else if (!canClose || canClose()) {
+      Close();
+    }
+  }
+
+ private:
+  bool closing_ = false;
+};
+
+}  // namespace tagrix
+
+#endif

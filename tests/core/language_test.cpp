@@ -1,0 +1,68 @@
+#include "core/language.h"
+
+#include <gtest/gtest.h>
+
+#include "core/dispatch.h"
+#include "core/messages.h"
+#include "fakes/fakes.h"
+#include "forms/lists.h"
+
+namespace tagrix {
+namespace {
+
+std::string LanguageFile(int lines, const std::string& word) {
+  std::string text;
+  for (int i = 0; i < lines; ++i) text += "abc" + word + std::to_string(i) + "\r\n";
+  return text;
+}
+
+class LanguageTest : public testing::Test {
+ protected:
+  LanguageTest() {
+    setup_lngcmb.Add(L"English");
+    test.files.Put(L"C:\\Tagrix\\english.lf", LanguageFile(178, "en"));
+  }
+  std::wstring Load(const std::wstring& file) {
+    loadlangue(test.context, setup_lngcmb, file);
+    return test.context.Text(177);
+  }
+  TestContext test;
+  ComboBox setup_lngcmb{"setup_lngcmb"};
+};
+
+TEST(LanguageFiles, CountOnlyLinesOfThreeCharactersAndMore) {
+  EXPECT_EQ(ParseLanguageFile(L"  001 Search \r\n\r\nab\r\nxyzGo on\n003\r\n  x  \r\n"),
+            (std::vector<std::wstring>{L"Search", L"Go on", L""}));
+}
+
+TEST_F(LanguageTest, AValidFileIsShownAndStored) {
+  test.files.Put(L"C:\\Tagrix\\French.lf", LanguageFile(178, "fr"));
+  listlangues(test.context, setup_lngcmb);
+  EXPECT_EQ(setup_lngcmb.Count(), 2);
+  EXPECT_EQ(Load(L"&French.lf"), L"fr177");
+  EXPECT_EQ(setup_lngcmb.Text(), L"French");
+  EXPECT_EQ(test.context.settings.Get(L"langue"), L"French");
+  Load(L"english.lf");
+  EXPECT_EQ(setup_lngcmb.SelectedIndex(), 0);
+  EXPECT_EQ(test.context.settings.Get(L"langue"), L"english");
+}
+
+TEST_F(LanguageTest, AWrongCountFallsBackToEnglish) {
+  for (const std::string& rubbish : {LanguageFile(179, "x"), std::string("\0\xFF\r\n\x1A", 5), std::string()}) {
+    test.files.Put(L"C:\\Tagrix\\bad.lf", rubbish);
+    EXPECT_EQ(Load(L"bad.lf"), L"en177");
+    EXPECT_EQ(test.context.settings.Get(L"langue"), L"english");
+  }
+  EXPECT_EQ(Load(L"missing.lf"), L"");
+  EXPECT_TRUE(test.prompts.messages.empty());
+}
+
+TEST_F(LanguageTest, ABadEnglishFileEndsTheProgram) {
+  test.files.Put(L"C:\\Tagrix\\english.lf", LanguageFile(177, "en"));
+  EXPECT_THROW(Load(L"English.lf"), EndProgram);
+  EXPECT_EQ(test.prompts.messages,
+            std::vector<std::wstring>{L"Language file error, you must reinstall Tagrix and contact technical support"});
+}
+
+}  // namespace
+}  // namespace tagrix

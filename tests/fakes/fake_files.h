@@ -1,0 +1,73 @@
+// An in-memory file system with one drive or more, which can be told to fail.
+#ifndef TAGRIX_TESTS_FAKES_FAKE_FILES_H
+#define TAGRIX_TESTS_FAKES_FAKE_FILES_H
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "core/text.h"
+#include "platform/files.h"
+
+namespace tagrix {
+
+class FakeFiles : public Files {
+ public:
+  // Drive "C:" exists and has a label.
+  FakeFiles();
+
+  // For tests: lays a file (and the folders above it) or changes what is there.
+  void Put(const std::wstring& path, std::string content = {});
+  std::string Content(const std::wstring& path) const;  // empty when missing
+  bool Has(const std::wstring& path) const;
+  void SetReadOnly(const std::wstring& path);
+  void AddFolder(const std::wstring& path);
+  void AddLink(const std::wstring& path);  // a folder that is a link
+  void SetLabel(const std::wstring& drive, bool labelled);
+  // The paths of all files, in order.
+  std::vector<std::wstring> AllFiles() const;
+
+  // Fails the n-th call from now (1: the next one) of those that may throw; 0 never fails.
+  void FailCall(int n) { failAt_ = n; }
+  // Runs before each call that may throw: tests use it to change things in the middle of an operation.
+  std::function<void(const std::wstring& path)> beforeCall;
+  std::wstring musicFolder = L"C:\\Users\\me\\Music";
+
+  std::optional<FileInfo> Find(const std::wstring& path) override;
+  std::unique_ptr<File> OpenForReading(const std::wstring& path) override;
+  std::unique_ptr<File> OpenForWriting(const std::wstring& path) override;
+  std::unique_ptr<File> Create(const std::wstring& path) override;
+  void Rename(const std::wstring& from, const std::wstring& to) override;
+  void Replace(const std::wstring& from, const std::wstring& over) override;
+  void Delete(const std::wstring& path) override;
+  void CreateFolder(const std::wstring& path) override;
+  void List(const std::wstring& folder, const std::wstring& pattern,
+            const std::function<bool(const FileInfo&)>& entry) override;
+  std::vector<std::wstring> Drives() override;
+  bool HasVolumeLabel(const std::wstring& drive) override;
+  std::wstring MusicFolder() override { return musicFolder; }
+
+ private:
+  struct Entry {
+    FileInfo info;
+    std::shared_ptr<std::string> content;
+    int open = 0;  // handles
+  };
+  friend class FakeFile;
+
+  Entry* Look(const std::wstring& path);
+  Entry& Need(const wchar_t* operation, const std::wstring& path, bool folder);
+  void Call(const wchar_t* operation, const std::wstring& path);
+  void Move(const std::wstring& from, const std::wstring& to);
+  std::unique_ptr<File> Open(const wchar_t* operation, const std::wstring& path, bool writable);
+
+  std::map<std::wstring, Entry, LessIgnoringCase> entries_;  // by path, drive roots as "C:"
+  std::set<std::wstring, LessIgnoringCase> labelled_;
+  int failAt_ = 0;
+};
+
+}  // namespace tagrix
+
+#endif

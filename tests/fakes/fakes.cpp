@@ -1,0 +1,157 @@
+#include "fakes/fakes.h"
+
+#include "core/messages.h"
+
+namespace tagrix {
+
+std::wstring FakeRegistry::GetRegValue(Hive hive, const std::wstring& key, const std::wstring& name) {
+  const auto found = values_.find({hive, key + L"\\" + name});
+  return found == values_.end() ? std::wstring() : found->second;
+}
+
+void FakeRegistry::SetRegValue(Hive hive, const std::wstring& key, const std::wstring& name, const std::wstring& text) {
+  values_[{hive, key + L"\\" + name}] = text;
+}
+
+std::string FakeCodePage::ToBytes(std::wstring_view text) {
+  std::string bytes;
+  for (const wchar_t c : text) bytes += static_cast<char>(c < 256 ? c : L'?');
+  return bytes;
+}
+
+std::wstring FakeCodePage::ToText(std::string_view bytes) {
+  std::wstring text;
+  for (const char c : bytes) text += static_cast<wchar_t>(static_cast<unsigned char>(c));
+  return text;
+}
+
+void FakeEvents::DoEvents() {
+  ++rounds;
+  for (auto pending = queue.size(); pending > 0 && !queue.empty(); --pending) {
+    const auto event = std::move(queue.front());
+    queue.pop_front();
+    event();
+  }
+  if (eachTime) eachTime();
+}
+
+void FakeEvents::Wait(int milliseconds) {
+  if (queue.empty()) ticks += static_cast<std::uint64_t>(milliseconds);
+}
+
+bool FakeShell::OpenLink(const std::wstring& link) {
+  links.push_back(link);
+  return true;
+}
+
+std::unique_ptr<Process> FakeShell::Start(const std::wstring& program, const std::wstring& commandLine) {
+  struct FakeProcess : Process {
+    explicit FakeProcess(int& left) : left_(left) {}
+    bool Running() override { return left_-- > 0; }
+    int& left_;
+  };
+  programs.push_back(program);
+  commandLines.push_back(commandLine);
+  if (!canStart) return nullptr;
+  return std::make_unique<FakeProcess>(runsFor);
+}
+
+void FakePrompts::Message(const std::wstring& text) { messages.push_back(text); }
+
+bool FakePrompts::Question(const std::wstring& text) {
+  questions.push_back(text);
+  if (answers.empty()) return true;
+  const bool answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
+void FakePrompts::ShowModal(Form& dialog) {
+  shown.push_back(dialog.name);
+  if (dialog.shown) dialog.shown();
+  if (!dialogs.empty()) {
+    const auto work = std::move(dialogs.front());
+    dialogs.pop_front();
+    work(dialog);
+  }
+  if (dialog.closed) dialog.closed();
+}
+
+OpenFilesAnswer FakePrompts::OpenFiles(const OpenFilesRequest& request) {
+  lastRequest = request;
+  return openFiles;
+}
+
+void FakeSocket::Later(std::function<void()> event) {
+  events_.Post([this, connection = connection_, event = std::move(event)] {
+    if (connection == connection_) event();
+  });
+}
+
+void FakeSocket::Connect(const std::wstring& toHost, int toPort) {
+  host = toHost;
+  port = toPort;
+  state_ = SocketState::ResolvingHost;
+  Later([this] {
+    state_ = SocketState::Connecting;
+    Later([this] { state_ = serve ? SocketState::Connected : SocketState::Error; });
+  });
+}
+
+void FakeSocket::Close() {
+  ++connection_;
+  state_ = SocketState::Closed;
+  received_.clear();
+}
+
+void FakeSocket::SendData(std::string_view bytes) {
+  requests.emplace_back(bytes);
+  Later([this, request = std::string(bytes)] {
+    if (sendComplete) sendComplete();
+    received_ = serve(request);
+    if (!received_.empty() && dataArrival) dataArrival();
+    if (closeAfterAnswer) {
+      Later([this] { state_ = SocketState::PeerClosing; });
+    }
+  });
+}
+
+void FakeFtp::Download(const FtpRequest& request) {
+  requests.push_back(request);
+  if (stall) return;
+  events_.Post([this, request, transfer = ++transfer_] {
+    if (transfer != transfer_) return;
+    const auto found = remote.find(request.remoteFolder + L"/" + request.remoteFile);
+    if (found != remote.end()) {
+      files_.Put(request.localPath, found->second);
+      if (progress) progress(found->second.size(), found->second.size());
+    }
+    if (ended) ended(found != remote.end());
+  });
+}
+
+TestContext::TestContext() {
+  for (int n = 0; n < message::kCount; ++n) context.language.lng_lst.push_back(TestText(n));
+}
+
+std::wstring TestText(int n) {
+  const std::wstring number = L"<" + std::to_wstring(n) + L">";
+  switch (n) {
+    case message::kRenameFailed:
+      return number + L" %%FIC%%";
+    case message::kReadOnly:
+    case message::kNewVersion:
+    case message::kDownloadComplete:
+      return number + L" %%1%%";
+    case message::kApplyClash:
+    case message::kUndoClash:
+    case message::kBulkSummary:
+      return number + L" %%1%% %%2%%";
+    case message::kUpToDate:
+      return number + L" %%1%% %%2%%.%%3%%.%%4%%";
+    default:
+      return number;
+  }
+}
+
+}  // namespace tagrix

@@ -1,0 +1,174 @@
+// In-memory twins of the small ports, and a context made of them.
+#ifndef TAGRIX_TESTS_FAKES_FAKES_H
+#define TAGRIX_TESTS_FAKES_FAKES_H
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/context.h"
+#include "core/text.h"
+#include "fakes/fake_files.h"
+
+namespace tagrix {
+
+class FakeRegistry : public Registry {
+ public:
+  std::wstring GetRegValue(Hive hive, const std::wstring& key, const std::wstring& name) override;
+  void SetRegValue(Hive hive, const std::wstring& key, const std::wstring& name, const std::wstring& text) override;
+
+ private:
+  struct Less {
+    bool operator()(const std::pair<Hive, std::wstring>& a, const std::pair<Hive, std::wstring>& b) const {
+      return a.first != b.first ? a.first < b.first : LessIgnoringCase()(a.second, b.second);
+    }
+  };
+  std::map<std::pair<Hive, std::wstring>, std::wstring, Less> values_;  // key path and value name joined by "\"
+};
+
+// Windows-1252 without its block 0x80 to 0x9F: Latin-1; everything else becomes "?".
+class FakeCodePage : public CodePage {
+ public:
+  std::string ToBytes(std::wstring_view text) override;
+  std::wstring ToText(std::string_view bytes) override;
+};
+
+// Time passes only while something waits; events are functions that tests queue.
+class FakeEvents : public EventLoop {
+ public:
+  void DoEvents() override;
+  void Wait(int milliseconds) override;
+  std::uint64_t TickCount() override { return ticks; }
+
+  void Post(std::function<void()> event) { queue.push_back(std::move(event)); }
+
+  std::deque<std::function<void()>> queue;  // DoEvents runs and removes all that are there when it starts
+  std::function<void()> eachTime;           // DoEvents runs it every time, after the queue
+  std::uint64_t ticks = 1000;
+  int rounds = 0;  // how often DoEvents ran
+};
+
+class FakeClock : public Clock {
+ public:
+  int CurrentYear() override { return year; }
+  int year = 2004;
+};
+
+class FakeShell : public Shell {
+ public:
+  bool OpenLink(const std::wstring& link) override;
+  std::unique_ptr<Process> Start(const std::wstring& program, const std::wstring& commandLine) override;
+  void PlaySoundFile(const std::wstring& path) override { sounds.push_back(path); }
+
+  std::vector<std::wstring> links, programs, commandLines, sounds;
+  bool canStart = true;
+  int runsFor = 0;  // how often Running() answers true
+};
+
+// Plays the user. Questions are answered from `answers` (Yes when it is empty), dialogs are worked by `dialogs` in turn
+// (a dialog without one is closed at once), the file dialog answers `openFiles`.
+class FakePrompts : public Prompts {
+ public:
+  void Message(const std::wstring& text) override;
+  bool Question(const std::wstring& text) override;
+  void ShowModal(Form& dialog) override;
+  OpenFilesAnswer OpenFiles(const OpenFilesRequest& request) override;
+
+  std::vector<std::wstring> messages;   // shown, in order
+  std::vector<std::wstring> questions;  // asked, in order
+  std::vector<std::string> shown;       // names of the dialogs shown
+  std::deque<bool> answers;
+  std::deque<std::function<void(Form&)>> dialogs;
+  OpenFilesAnswer openFiles;
+  OpenFilesRequest lastRequest;
+};
+
+// The control of a form that bears the name; throws std::out_of_range when there is none or it is of another kind.
+template <typename Kind>
+Kind& Find(const Node& tree, const std::string& name);
+
+// A socket whose server is a function: it gets what was sent and returns what comes back before the server closes.
+class FakeSocket : public TcpSocket {
+ public:
+  explicit FakeSocket(FakeEvents& events) : events_(events) {}
+  SocketState State() const override { return state_; }
+  void Connect(const std::wstring& host, int port) override;
+  void Close() override;
+  void SendData(std::string_view bytes) override;
+  std::string GetData() override { return std::exchange(received_, {}); }
+
+  std::function<std::string(const std::string& request)> serve;  // none: the connection is refused
+  bool closeAfterAnswer = true;
+  std::wstring host;  // of the last Connect
+  int port = 0;
+  std::vector<std::string> requests;
+
+ private:
+  // Posts an event that is dropped when the connection has been closed meanwhile.
+  void Later(std::function<void()> event);
+
+  FakeEvents& events_;
+  SocketState state_ = SocketState::Closed;
+  std::string received_;
+  int connection_ = 0;
+};
+
+class FakeFtp : public FtpClient {
+ public:
+  explicit FakeFtp(FakeEvents& events, FakeFiles& files) : events_(events), files_(files) {}
+  void Download(const FtpRequest& request) override;
+  void Close() override { ++transfer_; }
+  bool InternetConnected() override { return connected; }
+
+  std::map<std::wstring, std::string> remote;  // "/folder/file" to content
+  std::vector<FtpRequest> requests;
+  bool connected = true;
+  bool stall = false;  // the server never answers
+
+ private:
+  FakeEvents& events_;
+  FakeFiles& files_;
+  int transfer_ = 0;
+};
+
+// A context on fakes, with the texts of messages 0 to 177 being "<0>" to "<177>" (those with placeholders hold them).
+struct TestContext {
+  TestContext();
+
+  FakeFiles files;
+  FakeRegistry registry;
+  FakeCodePage codePage;
+  FakeEvents events;
+  FakeClock clock;
+  FakeShell shell;
+  FakePrompts prompts;
+  FakeSocket socket{events};
+  FakeFtp ftp{events, files};
+  Context context{Ports{files, registry, codePage, events, clock, shell, prompts, socket, ftp}, L"C:\\Tagrix"};
+};
+
+// What message `n` is in a TestContext.
+std::wstring TestText(int n);
+
+template <typename Kind>
+Kind* FindIn(const Node& tree, const std::string& name) {
+  if (tree.control != nullptr && tree.control->Name() == name) return dynamic_cast<Kind*>(tree.control);
+  for (const Node& child : tree.children) {
+    if (Kind* found = FindIn<Kind>(child, name)) return found;
+  }
+  return nullptr;
+}
+
+template <typename Kind>
+Kind& Find(const Node& tree, const std::string& name) {
+  if (Kind* found = FindIn<Kind>(tree, name)) return *found;
+  throw std::out_of_range("no control " + name);
+}
+
+}  // namespace tagrix
+
+#endif
