@@ -113,24 +113,27 @@ std::string ReadWholeFile(Files& files, const std::wstring& path) {
   return bytes;
 }
 
+std::wstring FreePathBeside(Files& files, const std::wstring& path) {
+  std::wstring beside = path + L".new";
+  for (int n = 2; files.Find(beside); ++n) beside = path + L".new" + std::to_wstring(n);
+  return beside;
+}
+
 void WriteWholeFile(Files& files, const std::wstring& path, std::string_view bytes) {
-  const std::wstring beside = path + L".new";
+  const std::wstring beside = FreePathBeside(files, path);
   try {
-    const auto file = files.Create(beside);
-    file->Write(0, bytes);
-    file->Flush();
-  } catch (const Failure&) {
-    if (files.Find(beside)) files.Delete(beside);
-    throw;
-  }
-  try {
+    {
+      const auto file = files.Create(beside);
+      file->Write(0, bytes);
+      file->Flush();
+    }
     if (files.Find(path)) {
       files.Replace(beside, path);
     } else {
       files.Rename(beside, path);
     }
   } catch (const Failure&) {
-    files.Delete(beside);
+    if (files.Find(beside)) files.Delete(beside);
     throw;
   }
 }

@@ -54,6 +54,8 @@ bool FolderExists(Context& context, const std::wstring& path);
 
 // The whole content of a small file. Throws Failure.
 std::string ReadWholeFile(Files& files, const std::wstring& path);
+// A path beside the given one that names nothing yet, for what is written before it is put in place.
+std::wstring FreePathBeside(Files& files, const std::wstring& path);
 // Creates or replaces a file beside its target and puts it in place in one call, so that an error leaves what was
 // there. Throws Failure.
 void WriteWholeFile(Files& files, const std::wstring& path, std::string_view bytes);
