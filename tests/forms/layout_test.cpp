@@ -1,0 +1,204 @@
+#include "forms/layout.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+#include "forms/buttons.h"
+#include "forms/lists.h"
+#include "forms/texts.h"
+
+namespace tagrix {
+namespace {
+
+// A font whose characters are all 6 x 15 units (headings twice as large), words never broken.
+class FixedFont : public TextMeasurer {
+ public:
+  explicit FixedFont(int dpi) : dpi_(dpi) {}
+  Size Measure(std::wstring_view text, int wrapAt, bool heading) const override {
+    const int times = heading ? 2 : 1;
+    const int perLine = wrapAt == 0 ? 1 << 20 : std::max(1, wrapAt * 96 / dpi_ / (6 * times));
+    const int length = static_cast<int>(text.size());
+    const int lines = std::max(1, (length + perLine - 1) / perLine);
+    return {std::min(length, perLine) * 6 * times * dpi_ / 96, lines * 15 * times * dpi_ / 96};
+  }
+
+ private:
+  int dpi_;
+};
+
+std::map<std::string, Placement> Places(const Node& tree, Size size, int dpi = 96) {
+  std::map<std::string, Placement> places;
+  for (const Placement& place : Arrange(tree, {0, 0, size.width, size.height}, dpi, FixedFont(dpi))) {
+    places.emplace(place.control->Name(), place);
+  }
+  return places;
+}
+
+Size Least(const Node& tree, int dpi = 96) { return MinimumSize(tree, dpi, FixedFont(dpi)); }
+
+bool Overlap(const Rect& a, const Rect& b) {
+  return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
+}
+
+// A page with everything: a titled frame with a list and buttons beside it, a row of fields, hidden parts.
+struct Page {
+  Frame files{"files", L"&Files"}, hidden{"hidden"};
+  ListBox list{"list"};
+  Button up{"up", L"&Up"}, down{"down", L"Move this far down"}, lost{"lost", L"Lost"};
+  Label caption{"caption"};
+  TextBox field{"field"};
+  ComboBox combo{"combo"};
+  CheckBox tick{"tick", L"Write && check"};
+  ProgressBox progress{"progress"};
+
+  Page() {
+    caption.SetText(L"Artist:");
+    hidden.SetVisible(false);
+    for (const wchar_t* text : {L"ISO", L"a much longer entry"}) combo.Add(text);
+  }
+  Node Tree() {
+    return Margin(11, Column({Stretch(1, Framed(files, Row({Stretch(1, list), Column({up, down, Spacer()})}))),
+                              Row({caption, Stretch(2, field), Stretch(1, combo)}), Framed(hidden, Row({lost})),
+                              Row({tick, Spacer(), progress})}));
+  }
+};
+
+TEST(Layout, NothingOverlapsOrIsCutOffFromTheLeastSizeUpwardsAtAnyDpi) {
+  Page page;
+  const Node tree = page.Tree();
+  for (const int dpi : {96, 120, 144, 192}) {
+    const Size least = Least(tree, dpi);
+    for (const int more : {0, 1, 333}) {
+      const Size size{least.width + more, least.height + more};
+      const auto places = Places(tree, size, dpi);
+      for (const auto& [name, place] : places) {
+        if (!place.visible) continue;
+        SCOPED_TRACE(testing::Message() << name << " at " << dpi << " DPI, " << more << " above the least size");
+        EXPECT_GE(place.rect.x, 11 * dpi / 96);
+        EXPECT_LE(place.rect.x + place.rect.width, size.width - 11 * dpi / 96);
+        EXPECT_LE(place.rect.y + place.rect.height, size.height - 11 * dpi / 96);
+        const Size natural = Least(Node(*place.control), dpi);
+        EXPECT_GE(place.rect.width, natural.width);
+        EXPECT_GE(place.rect.height, natural.height);
+        for (const auto& [other, otherPlace] : places) {
+          if (other == name || name == "files" || other == "files" || !otherPlace.visible) continue;
+          EXPECT_FALSE(Overlap(place.rect, otherPlace.rect)) << "with " << other;
+        }
+      }
+    }
+  }
+}
+
+TEST(Layout, ScalesWithTheDpi) {
+  Page page;
+  const Node tree = page.Tree();
+  const Size at100 = Least(tree), at200 = Least(tree, 192), at150 = Least(tree, 144);
+  EXPECT_EQ(at200, (Size{2 * at100.width, 2 * at100.height}));
+  EXPECT_NEAR(at150.width, 1.5 * at100.width, 4);
+  EXPECT_NEAR(at150.height, 1.5 * at100.height, 4);
+}
+
+TEST(Layout, SpareRoomIsSharedToTheLastPixelInProportion) {
+  TextBox one("one"), two("two"), fixed("fixed");
+  const Node tree = Gap(0, Row({Stretch(1, one), fixed, Stretch(2, two)}));
+  const int natural = Least(fixed).width;
+  const auto places = Places(tree, {3 * natural + 100, 23});
+  EXPECT_EQ(places.at("one").rect.width, natural + 33);
+  EXPECT_EQ(places.at("fixed").rect.width, natural);
+  EXPECT_EQ(places.at("two").rect.width, natural + 67);
+  EXPECT_EQ(places.at("two").rect.x + places.at("two").rect.width, 3 * natural + 100);
+}
+
+TEST(Layout, AcrossARowListsAndGroupsAreTallAndTheRestIsCentred) {
+  ListBox list("list");
+  Button beside("beside"), inGroup("in_group");
+  const auto places = Places(Row({list, beside, Column({Spacer(), inGroup})}), {400, 200});
+  EXPECT_EQ(places.at("list").rect.height, 200);
+  EXPECT_EQ(places.at("beside").rect.height, 23);
+  EXPECT_EQ(places.at("beside").rect.y, (200 - 23) / 2);
+  EXPECT_EQ(places.at("in_group").rect.y, 200 - 23);
+}
+
+TEST(Layout, HiddenPartsTakeNoRoomNorGap) {
+  Button first("first"), second("second"), third("third");
+  Frame frame("frame", L"Title");
+  const Node tree = Column({first, Framed(frame, Row({second, Spacer()})), Row({third, Spacer()})});
+  const Size button = Least(first);
+  frame.SetVisible(false);
+  EXPECT_EQ(Least(tree).height, 2 * button.height + 6);
+  third.SetVisible(false);  // a row without anything in it goes, too
+  EXPECT_EQ(Least(tree).height, button.height);
+  const auto places = Places(tree, {300, 300});
+  EXPECT_TRUE(places.at("first").visible);
+  EXPECT_FALSE(places.at("second").visible);
+  EXPECT_TRUE(second.Visible());
+}
+
+TEST(Layout, AStackIsAsLargeAsItsLargestPageShownOrNot) {
+  Frame pages[] = {Frame("page0"), Frame("page1")};
+  Button small("small");
+  ListBox large("large");
+  pages[1].SetVisible(false);
+  const Node tree = Stack({Framed(pages[0], Column({small})), Framed(pages[1], Column({Stretch(1, large)}))});
+  EXPECT_EQ(Least(tree), Least(large));
+  const auto places = Places(tree, {500, 400});
+  EXPECT_EQ(places.at("large").rect, (Rect{0, 0, 500, 400}));
+  EXPECT_FALSE(places.at("large").visible);
+  EXPECT_TRUE(places.at("small").visible);
+}
+
+TEST(Layout, FramesGovernWhatIsInThem) {
+  Frame outer("outer"), inner("inner");
+  Button button("button"), outside("outside");
+  outer.SetEnabled(false);
+  const auto places = Places(Row({Framed(outer, Column({Framed(inner, Column({button}))})), outside}), {300, 100});
+  EXPECT_FALSE(places.at("button").enabled);
+  EXPECT_FALSE(places.at("inner").enabled);
+  EXPECT_TRUE(places.at("outside").enabled);
+}
+
+TEST(Layout, OnlyATitledFrameTakesRoom) {
+  Frame frame("frame");
+  Button button("button");
+  const Node tree = Framed(frame, button);
+  EXPECT_EQ(Least(tree), Least(button));
+  frame.SetText(L"&T");
+  EXPECT_GT(Least(tree).height, Least(button).height + 15);
+  frame.SetText(L"A title that is longer than the button in it");
+  EXPECT_GT(Least(tree).width, 44 * 6);
+}
+
+TEST(Layout, TextsAreMeasuredAsTheyAreShown) {
+  Label caption("caption"), literal("literal", LabelStyle::Literal), heading("heading", LabelStyle::Heading);
+  Label path("path", LabelStyle::Path);
+  for (Label* label : {&caption, &literal, &heading, &path}) label->SetText(L"&Rock && Pop");
+  EXPECT_EQ(Least(caption), (Size{10 * 6, 15}));
+  EXPECT_EQ(Least(literal), (Size{12 * 6, 15}));
+  EXPECT_EQ(Least(heading), (Size{10 * 12, 30}));
+  path.SetText(std::wstring(500, L'x'));
+  literal.SetText(std::wstring(500, L'x'));
+  EXPECT_LE(Least(path).width, 100);
+  EXPECT_LE(Least(literal).width, 400);
+  EXPECT_EQ(Least(Wrap(300, literal)), (Size{300, 10 * 15}));
+
+  Button icon("icon"), iconAndText("icon_and_text", L"A caption of its own");
+  for (Button* button : {&icon, &iconAndText}) button->SetImage(L"x.ico", 32);
+  EXPECT_EQ(Least(icon).width, Least(icon).height);
+  EXPECT_GT(Least(iconAndText).width, 20 * 6);
+  EXPECT_EQ(Least(iconAndText).height, Least(icon).height + 15);
+}
+
+TEST(Layout, TabOrderIsTheOrderOfTheTreeWithFramesBeforeWhatIsInThem) {
+  Page page;
+  std::string order;
+  for (const Placement& place : Arrange(page.Tree(), {0, 0, 800, 600}, 96, FixedFont(96))) {
+    order += place.control->Name() + " ";
+  }
+  EXPECT_EQ(order, "files list up down caption field combo hidden lost tick progress ");
+}
+
+}  // namespace
+}  // namespace tagrix
