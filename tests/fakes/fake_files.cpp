@@ -4,34 +4,26 @@
 
 #include "core/failure.h"
 #include "core/paths.h"
+#include "fakes/name_rules.h"
 
 namespace tagrix {
-namespace {
-
-// A "*" matches any run of characters, letter case ignored; that is all the program asks for.
-bool Matches(std::wstring_view pattern, std::wstring_view name) {
-  if (pattern == L"*.*") return true;
-  if (pattern.empty()) return name.empty();
-  if (pattern[0] == L'*') {
-    return Matches(pattern.substr(1), name) || (!name.empty() && Matches(pattern, name.substr(1)));
-  }
-  return !name.empty() && ToLower(pattern[0]) == ToLower(name[0]) && Matches(pattern.substr(1), name.substr(1));
-}
-
-bool ValidName(std::wstring_view name) {
-  return !name.empty() && name.find_first_of(L"/:?*\"<>|") == name.npos && !name.ends_with(L' ') &&
-         !name.ends_with(L'.');
-}
-
-}  // namespace
 
 class FakeFile : public File {
  public:
   FakeFile(FakeFiles& files, std::wstring path, FakeFiles::Entry& entry, bool writable)
-      : files_(files), path_(std::move(path)), content_(entry.content), open_(entry.open), writable_(writable) {
+      : files_(files),
+        path_(std::move(path)),
+        content_(entry.content),
+        open_(entry.open),
+        writers_(entry.writers),
+        writable_(writable) {
     ++open_;
+    if (writable_) ++writers_;
   }
-  ~FakeFile() override { --open_; }
+  ~FakeFile() override {
+    --open_;
+    if (writable_) --writers_;
+  }
 
   std::uint64_t Size() override { return content_->size(); }
   std::size_t Read(std::uint64_t offset, char* buffer, std::size_t count) override {
@@ -52,7 +44,7 @@ class FakeFile : public File {
   FakeFiles& files_;
   std::wstring path_;
   std::shared_ptr<std::string> content_;
-  int& open_;
+  int &open_, &writers_;
   bool writable_;
 };
 
@@ -79,6 +71,11 @@ FakeFiles::Entry& FakeFiles::Need(const wchar_t* operation, const std::wstring& 
   return *entry;
 }
 
+void FakeFiles::NeedWritable(const wchar_t* operation, const std::wstring& path, const Entry& entry) {
+  if (entry.info.readOnly) throw Failure(operation, path, L"Access is denied.");
+  if (entry.writers > 0) throw Failure(operation, path, L"The file is in use.");
+}
+
 void FakeFiles::Put(const std::wstring& path, std::string content) {
   AddFolder(WithoutBackslash(std::wstring(FolderPart(path))));
   Entry& entry = entries_[path];
@@ -101,7 +98,7 @@ void FakeFiles::AddFolder(const std::wstring& path) {
   FileInfo info;
   info.name = FileNamePart(path);
   info.folder = true;
-  entries_[path] = Entry{info, nullptr, 0};
+  entries_[path] = Entry{info, nullptr, 0, 0};
 }
 
 void FakeFiles::AddLink(const std::wstring& path) {
@@ -136,7 +133,7 @@ std::optional<FileInfo> FakeFiles::Find(const std::wstring& path) {
 std::unique_ptr<File> FakeFiles::Open(const wchar_t* operation, const std::wstring& path, bool writable) {
   Call(operation, path);
   Entry& entry = Need(operation, path, false);
-  if (writable && entry.info.readOnly) throw Failure(operation, path, L"Access is denied.");
+  if (writable) NeedWritable(operation, path, entry);
   return std::make_unique<FakeFile>(*this, path, entry, writable);
 }
 
@@ -149,7 +146,8 @@ std::unique_ptr<File> FakeFiles::Create(const std::wstring& path) {
   Need(L"Create", folder, true);
   if (!ValidName(FileNamePart(path))) throw Failure(L"Create", path, L"The file name is incorrect.");
   if (Entry* entry = Look(path)) {
-    if (entry->info.folder || entry->info.readOnly) throw Failure(L"Create", path, L"Access is denied.");
+    if (entry->info.folder) throw Failure(L"Create", path, L"Access is denied.");
+    NeedWritable(L"Create", path, *entry);
     entry->content->clear();
   } else {
     Put(path);
@@ -209,7 +207,7 @@ void FakeFiles::List(const std::wstring& folder, const std::wstring& pattern,
   for (auto at = entries_.upper_bound(prefix); at != entries_.end(); ++at) {
     const std::wstring& path = at->first;
     if (!StartsWithIgnoringCase(path, prefix)) break;
-    if (path.find(L'\\', prefix.size()) != path.npos || !Matches(pattern, at->second.info.name)) continue;
+    if (path.find(L'\\', prefix.size()) != path.npos || !MatchesPattern(pattern, at->second.info.name)) continue;
     FileInfo info = at->second.info;
     if (at->second.content) info.size = at->second.content->size();
     found.push_back(info);

@@ -53,12 +53,14 @@ class FakeFiles : public Files {
   struct Entry {
     FileInfo info;
     std::shared_ptr<std::string> content;
-    int open = 0;  // handles
+    int open = 0;     // handles
+    int writers = 0;  // those of them that may write: at most one
   };
   friend class FakeFile;
 
   Entry* Look(const std::wstring& path);
   Entry& Need(const wchar_t* operation, const std::wstring& path, bool folder);
+  static void NeedWritable(const wchar_t* operation, const std::wstring& path, const Entry& entry);
   void Call(const wchar_t* operation, const std::wstring& path);
   void Move(const std::wstring& from, const std::wstring& to);
   std::unique_ptr<File> Open(const wchar_t* operation, const std::wstring& path, bool writable);
