@@ -1,4 +1,4 @@
-#include "album/rename_pattern.h"
+#include "core/rename_pattern.h"
 
 #include "core/helpers.h"
 #include "core/text.h"

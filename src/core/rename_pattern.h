@@ -1,6 +1,6 @@
 // The patterns that make file and playlist names out of an album's data.
-#ifndef TAGRIX_ALBUM_RENAME_PATTERN_H
-#define TAGRIX_ALBUM_RENAME_PATTERN_H
+#ifndef TAGRIX_CORE_RENAME_PATTERN_H
+#define TAGRIX_CORE_RENAME_PATTERN_H
 
 #include <cstdint>
 #include <string>
