@@ -12,6 +12,10 @@ void SetStatus(Context& context, std::wstring text) { context.status_lbl.SetText
 
 std::wstring DoubleAmpersands(std::wstring_view text) { return Replace(text, L"&", L"&&"); }
 
+void SetCaptions(Context& context, std::initializer_list<std::pair<Control&, int>> captions) {
+  for (const auto& [control, message] : captions) control.SetText(context.Text(message));
+}
+
 void ShowCancelMessage(Context& context) { context.prompts.Message(context.Text(message::kCancelled)); }
 
 void ShowProgress(Context& context, int percent) {

@@ -2,8 +2,10 @@
 #ifndef TAGRIX_CORE_HELPERS_H
 #define TAGRIX_CORE_HELPERS_H
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/context.h"
@@ -14,6 +16,9 @@ namespace tagrix {
 // Shows a text in the status line; an empty text clears it. In a path every "&" has to be doubled (DoubleAmpersands).
 void SetStatus(Context& context, std::wstring text);
 std::wstring DoubleAmpersands(std::wstring_view text);
+
+// Sets the captions of controls to language messages.
+void SetCaptions(Context& context, std::initializer_list<std::pair<Control&, int>> captions);
 
 // Says that the operation was cancelled.
 void ShowCancelMessage(Context& context);
