@@ -4,6 +4,7 @@
 
 #include "core/failure.h"
 #include "core/messages.h"
+#include "core/paths.h"
 #include "core/text.h"
 
 namespace tagrix {
@@ -108,6 +109,15 @@ bool FileExists(Context& context, const std::wstring& path) {
 bool FolderExists(Context& context, const std::wstring& path) {
   const auto found = context.files.Find(path);
   return found && found->folder;
+}
+
+std::vector<std::wstring> FilesOfFormat(Files& files, const std::wstring& folder, const std::wstring& format) {
+  std::vector<std::wstring> names;
+  files.List(folder, L"*." + format, [&](const FileInfo& entry) {
+    if (!entry.folder && HasFormat(entry.name, format)) names.push_back(entry.name);
+    return true;
+  });
+  return names;
 }
 
 std::string ReadWholeFile(Files& files, const std::wstring& path) {

@@ -57,6 +57,9 @@ std::wstring FillMessage(std::wstring text, const std::vector<std::wstring>& val
 bool FileExists(Context& context, const std::wstring& path);
 bool FolderExists(Context& context, const std::wstring& path);
 
+// The names of a folder's files of one format ("MP3"), in the system's order. Throws Failure.
+std::vector<std::wstring> FilesOfFormat(Files& files, const std::wstring& folder, const std::wstring& format);
+
 // The whole content of a small file. Throws Failure.
 std::string ReadWholeFile(Files& files, const std::wstring& path);
 // A path beside the given one that names nothing yet, for what is written before it is put in place.

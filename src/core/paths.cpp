@@ -30,4 +30,10 @@ bool IsAudioName(std::wstring_view name) {
                      [&](std::wstring_view format) { return EqualIgnoringCase(ending, format); });
 }
 
+bool HasFormat(std::wstring_view name, std::wstring_view format) {
+  if (name.size() <= format.size()) return false;
+  const std::wstring_view ending = name.substr(name.size() - format.size() - 1);
+  return ending[0] == L'.' && EqualIgnoringCase(ending.substr(1), format);
+}
+
 }  // namespace tagrix

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 
@@ -88,6 +89,13 @@ bool StartsWithIgnoringCase(std::wstring_view text, std::wstring_view prefix) {
 bool LessIgnoringCase::operator()(std::wstring_view a, std::wstring_view b) const {
   return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
                                       [](wchar_t x, wchar_t y) { return ToLower(x) < ToLower(y); });
+}
+
+// FNV-1a over the lower-case letters.
+std::size_t HashIgnoringCase::operator()(std::wstring_view text) const {
+  std::uint64_t hash = 0xCBF29CE484222325;
+  for (const wchar_t c : text) hash = (hash ^ static_cast<std::uint64_t>(ToLower(c))) * 0x100000001B3;
+  return static_cast<std::size_t>(hash);
 }
 
 std::wstring Replace(std::wstring_view text, std::wstring_view from, std::wstring_view to) {

@@ -24,6 +24,14 @@ struct LessIgnoringCase {
   bool operator()(std::wstring_view a, std::wstring_view b) const;
 };
 
+// For hashed sets of texts whose letter case doesn't matter.
+struct HashIgnoringCase {
+  std::size_t operator()(std::wstring_view text) const;
+};
+struct SameIgnoringCase {
+  bool operator()(std::wstring_view a, std::wstring_view b) const { return EqualIgnoringCase(a, b); }
+};
+
 // Replaces every occurrence of `from` (not empty), left to right, without looking at what was put in.
 std::wstring Replace(std::wstring_view text, std::wstring_view from, std::wstring_view to);
 // The pieces between the separators; a text without one yields itself, an empty text one empty piece.

@@ -12,6 +12,13 @@ void ListBox::Insert(int i, std::wstring text, std::int32_t value) {
   Announce(Change::Items);
 }
 
+void ListBox::Append(std::vector<std::wstring> texts) {
+  if (texts.empty()) return;
+  items_.reserve(items_.size() + texts.size());
+  for (std::wstring& text : texts) items_.push_back(Item{std::move(text), 0, false});
+  Announce(Change::Items);
+}
+
 void ListBox::SetItemText(int i, std::wstring text) { Set(At(i).text, std::move(text), Change::Items); }
 
 void ListBox::SetValue(int i, std::int32_t value) { Set(At(i).value, value, Change::Items); }

@@ -34,6 +34,7 @@ class ListBox : public Control {
   const std::wstring& ItemText(int i) const { return At(i).text; }
   std::int32_t Value(int i) const { return At(i).value; }
   void Add(std::wstring text, std::int32_t value = 0) { Insert(Count(), std::move(text), value); }
+  void Append(std::vector<std::wstring> texts);  // many at once, announced once
   void Insert(int i, std::wstring text, std::int32_t value = 0);
   void SetItemText(int i, std::wstring text);
   void SetValue(int i, std::int32_t value);

@@ -1,0 +1,176 @@
+#include "dialogs/folder_chooser.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "core/dispatch.h"
+#include "core/failure.h"
+#include "core/helpers.h"
+#include "core/messages.h"
+#include "core/paths.h"
+#include "core/text.h"
+#include "dialogs/audio_walk.h"
+
+namespace tagrix {
+namespace {
+
+constexpr const wchar_t* kLastDir = L"LastDir";
+
+void transme(Choixrecoldir& dialog, Context& context) {
+  dialog.form.caption = context.Text(message::kChooserCaption);
+  dialog.drive_frm.SetText(context.Text(message::kDrive));
+  dialog.folder_frm.SetText(context.Text(message::kFolder));
+  dialog.file_frm.SetText(context.Text(message::kPreview));
+  dialog.format_frm.SetText(context.Text(message::kFormat));
+  dialog.recurse_frm.SetText(context.Text(message::kSubfolders));
+  dialog.recurse_chk.SetText(context.Text(message::kRecurse));
+  dialog.ok_btn.SetText(context.Text(message::kOk));
+  dialog.cancel_btn.SetText(context.Text(message::kCancel));
+}
+
+// A folder that can't be read, such as an empty disc drive, shows nothing below it.
+std::vector<std::wstring> FoldersIn(Files& files, const std::wstring& path) {
+  std::vector<std::wstring> names;
+  try {
+    files.List(path, L"*", [&](const FileInfo& entry) {
+      if (entry.folder) names.push_back(entry.name);
+      return true;
+    });
+  } catch (const Failure&) {
+    names.clear();
+  }
+  std::sort(names.begin(), names.end(), LessIgnoringCase());
+  return names;
+}
+
+// Opens the tree on a folder, if there is such a folder on one of the drives.
+bool OpenOn(Choixrecoldir& dialog, Context& context, std::wstring folder) {
+  folder = WithoutBackslash(Trim(folder));
+  const std::wstring drive = folder.substr(0, 2);
+  if (!ListContains(dialog.Drive1, drive) || !FolderExists(context, WithBackslash(folder))) return false;
+  dialog.Drive1.SetText(drive);
+  dialog.Dir1.SetPath(folder.size() == 2 ? WithBackslash(folder) : folder);
+  return true;
+}
+
+void OpenStartFolder(Choixrecoldir& dialog, Context& context) {
+  if (OpenOn(dialog, context, context.settings.Get(kLastDir))) return;
+  if (OpenOn(dialog, context, context.files.MusicFolder())) return;
+  if (OpenOn(dialog, context, context.programFolder) || dialog.Drive1.Count() == 0) return;
+  dialog.Drive1.Select(0);
+  dialog.Dir1.SetPath(WithBackslash(dialog.Drive1.Text()));
+}
+
+bool CollectsFiles(ChooserMode mode) {
+  return mode == ChooserMode::BulkFiles || mode == ChooserMode::PlaylistFiles || mode == ChooserMode::BurnFiles;
+}
+
+bool PicksFolder(ChooserMode mode) {
+  return mode >= ChooserMode::Album && mode <= ChooserMode::BurnFiles && !CollectsFiles(mode);
+}
+
+void RemoveKnown(std::vector<std::wstring>& paths, const ChooserTargets& targets) {
+  std::unordered_set<std::wstring_view, HashIgnoringCase, SameIgnoringCase> known;
+  for (const ListBox* list : {static_cast<const ListBox*>(targets.files), targets.alsoKnown}) {
+    for (int i = 0; list != nullptr && i < list->Count(); ++i) known.insert(list->ItemText(i));
+  }
+  if (!known.empty()) {
+    std::erase_if(paths, [&](const std::wstring& path) { return known.contains(path); });
+  }
+}
+
+void CollectFiles(Choixrecoldir& dialog, Context& context) {
+  std::vector<std::wstring> paths = AudioFilesBelow(context, dialog.Dir1.Path(), dialog.recurse_chk.Checked());
+  if (context.cancelled) return;
+  if (dialog.mode == ChooserMode::PlaylistFiles) {
+    // A playlist may name a file twice, but takes no name that is nothing but an ending.
+    std::erase_if(paths, [](const std::wstring& path) { return FileNamePart(path).size() < 4; });
+  } else {
+    RemoveKnown(paths, dialog.targets);
+  }
+  dialog.targets.files->Append(std::move(paths));
+}
+
+void Accept(Choixrecoldir& dialog, Context& context) {
+  context.settings.Put(kLastDir, dialog.Dir1.Path());
+  if (PicksFolder(dialog.mode)) {
+    dialog.targets.folder->SetText(WithoutBackslash(Trim(dialog.Dir1.Path())));
+    if (dialog.mode == ChooserMode::Album) *dialog.targets.format = dialog.format_cmb.Text();
+  } else if (CollectsFiles(dialog.mode)) {
+    context.cancelled = false;
+    const RestoreOnFailure restore{&dialog.choice_frm, &dialog.ok_btn};
+    dialog.choice_frm.SetEnabled(false);
+    dialog.ok_btn.SetEnabled(false);
+    CollectFiles(dialog, context);
+  }
+  dialog.form.Close();
+}
+
+Node FolderColumn(Choixrecoldir& dialog) {
+  return Column({Framed(dialog.drive_frm, Column({dialog.Drive1})),
+                 Stretch(1, Framed(dialog.folder_frm, Column({Stretch(1, MinSize(260, 260, dialog.Dir1))})))});
+}
+
+}  // namespace
+
+void LoadFolderChooser(Choixrecoldir& dialog, Context& context) {
+  transme(dialog, context);
+  for (const std::wstring_view format : kAudioFormats) dialog.format_cmb.Add(std::wstring(format));
+  dialog.format_cmb.Select(0);
+  for (std::wstring& drive : context.files.Drives()) dialog.Drive1.Add(std::move(drive));
+
+  dialog.Dir1.children = [&context](const std::wstring& path) { return FoldersIn(context.files, path); };
+  dialog.Dir1.pathChanged = Notice(context, [&] { RefreshList(dialog, context); });
+  dialog.Drive1.chosen = Notice(context, [&] { dialog.Dir1.SetPath(WithBackslash(dialog.Drive1.Text())); });
+  dialog.format_cmb.chosen = dialog.Dir1.pathChanged;
+  dialog.ok_btn.clicked = Command(context, [&] { Accept(dialog, context); });
+  dialog.cancel_btn.clicked = [&] {
+    context.cancelled = true;  // ends a walk that is under way
+    dialog.form.Close();
+  };
+  dialog.form.defaultButton = &dialog.ok_btn;
+  dialog.form.cancelButton = &dialog.cancel_btn;
+  dialog.form.firstFocus = &dialog.Dir1;
+  OpenStartFolder(dialog, context);
+}
+
+void SetMode(Choixrecoldir& dialog, ChooserMode mode) {
+  dialog.mode = mode;
+  dialog.recurse_frm.SetVisible(CollectsFiles(mode));
+  Node format = Framed(dialog.format_frm, Column({dialog.format_cmb}));
+  Node files = Stretch(1, Framed(dialog.file_frm, Column({Stretch(1, MinSize(220, 160, dialog.file_lst))})));
+  // The format is part of an album's choice and stands first there; elsewhere it only filters the preview.
+  std::vector<Node> right =
+      mode == ChooserMode::Album ? std::vector<Node>{format, files} : std::vector<Node>{files, format};
+  Node choice =
+      Framed(dialog.choice_frm, Row({Stretch(3, FolderColumn(dialog)), Stretch(2, Column(std::move(right)))}));
+  Node buttons =
+      CollectsFiles(mode)
+          ? Row({Framed(dialog.recurse_frm, Row({dialog.recurse_chk})), Spacer(), dialog.ok_btn, dialog.cancel_btn})
+          : Row({Spacer(), dialog.ok_btn, dialog.cancel_btn});
+  dialog.form.layout = Margin(10, Column({Stretch(1, std::move(choice)), std::move(buttons)}));
+  dialog.form.startSize = {620, 480};
+}
+
+void RefreshList(Choixrecoldir& dialog, Context& context) {
+  dialog.file_lst.Clear();
+  std::wstring folder = dialog.Dir1.Path();
+  if (folder.size() > 1) folder = WithoutBackslash(std::move(folder));
+  try {
+    dialog.file_lst.Append(FilesOfFormat(context.files, WithBackslash(folder), dialog.format_cmb.Text()));
+  } catch (const Failure&) {
+    // A folder that can't be read has nothing to preview; accepting it says why.
+  }
+}
+
+void ChooseFolder(Context& context, ChooserMode mode, const ChooserTargets& targets) {
+  Choixrecoldir dialog;
+  dialog.targets = targets;
+  LoadFolderChooser(dialog, context);
+  SetMode(dialog, mode);
+  ShowModal(context, dialog.form);
+}
+
+}  // namespace tagrix

@@ -1,0 +1,64 @@
+// The dialog through which every page picks a folder, or collects the audio files below one.
+#ifndef TAGRIX_DIALOGS_FOLDER_CHOOSER_H
+#define TAGRIX_DIALOGS_FOLDER_CHOOSER_H
+
+#include <cstdint>
+#include <string>
+
+#include "core/context.h"
+#include "forms/buttons.h"
+#include "forms/form.h"
+#include "forms/lists.h"
+#include "forms/texts.h"
+
+namespace tagrix {
+
+// What the dialog is for: a folder and a format (1), a folder (2, 3, 5, 7) or the audio files below one (4, 6, 8).
+// With any other number it only remembers the folder.
+enum class ChooserMode : std::uint8_t {
+  Album = 1,
+  ListerInput = 2,
+  ListerOutput = 3,
+  BulkFiles = 4,
+  SetupFolder = 5,
+  PlaylistFiles = 6,
+  PlaylistOutput = 7,
+  BurnFiles = 8,
+};
+
+// The caller's models that receive the result; those that the mode doesn't use may be left out.
+struct ChooserTargets {
+  TextBox* folder = nullptr;           // the folder's path, without a trailing "\"
+  std::wstring* format = nullptr;      // "MP3", ...
+  ListBox* files = nullptr;            // full paths are appended
+  const ListBox* alsoKnown = nullptr;  // files of this list are not appended either, where duplicates are left out
+};
+
+struct Choixrecoldir {
+  Frame drive_frm{"drive_frm"}, folder_frm{"folder_frm"}, file_frm{"file_frm"}, format_frm{"format_frm"};
+  Frame recurse_frm{"recurse_frm"};
+  Frame choice_frm{"choice_frm"};  // around all but the buttons
+  ComboBox Drive1{"Drive1"};
+  TreeBox Dir1{"Dir1"};
+  ListBox file_lst{"file_lst"};  // preview of the folder's files of the chosen format
+  ComboBox format_cmb{"format_cmb"};
+  CheckBox recurse_chk{"recurse_chk"};
+  Button ok_btn{"ok_btn"}, cancel_btn{"cancel_btn"};
+
+  ChooserMode mode{};
+  ChooserTargets targets;
+  Form form{"Choixrecoldir"};
+};
+
+// Fills the dialog, opens it on the folder used last and wires it.
+void LoadFolderChooser(Choixrecoldir& dialog, Context& context);
+// Sets what the dialog is for, and where its controls stand.
+void SetMode(Choixrecoldir& dialog, ChooserMode mode);
+void RefreshList(Choixrecoldir& dialog, Context& context);
+
+// Shows the dialog; when it returns, the targets hold the result, or are as they were when the user cancelled.
+void ChooseFolder(Context& context, ChooserMode mode, const ChooserTargets& targets);
+
+}  // namespace tagrix
+
+#endif

@@ -1,0 +1,182 @@
+#include "dialogs/folder_chooser.h"
+
+#include <gtest/gtest.h>
+
+#include "core/failure.h"
+#include "fakes/fakes.h"
+
+namespace tagrix {
+namespace {
+
+using Paths = std::vector<std::wstring>;
+
+Paths Items(const ListBox& list) {
+  Paths texts;
+  for (int i = 0; i < list.Count(); ++i) texts.push_back(list.ItemText(i));
+  return texts;
+}
+
+struct FolderChooser : testing::Test {
+  FolderChooser() {
+    for (const wchar_t* path : {L"C:\\M\\b.mp3", L"C:\\M\\a.OGG", L"C:\\M\\notes.txt", L"C:\\M\\mp3", L"C:\\M\\x_mp3",
+                                L"C:\\M\\A\\deep\\1.wav", L"C:\\M\\A\\2.ape", L"C:\\M\\B\\3.wma"}) {
+      test.files.Put(path);
+    }
+    test.files.AddLink(L"C:\\M\\A\\up");
+    test.files.Put(L"C:\\M\\A\\up\\loop.mp3");
+    test.files.AddFolder(L"C:\\M\\album.mp3");
+    test.files.AddFolder(test.files.musicFolder);
+    test.context.settings.Put(L"LastDir", L"C:\\M");
+  }
+  void Choose(ChooserMode mode, std::function<void(Form&)> user) {
+    test.prompts.dialogs.push_back(std::move(user));
+    ChooseFolder(test.context, mode, {.folder = &folder, .format = &format, .files = &files, .alsoKnown = &known});
+  }
+  void Choose(ChooserMode mode, const std::wstring& path, bool recurse = false) {
+    Choose(mode, [&](Form& form) {
+      Find<TreeBox>(form.layout, "Dir1").SetPath(path);
+      if (recurse) Find<CheckBox>(form.layout, "recurse_chk").Click();
+      Find<Button>(form.layout, "ok_btn").Click();
+    });
+  }
+  std::wstring LastDir() { return test.context.settings.Get(L"LastDir"); }
+
+  TestContext test;
+  TextBox folder{"folder"};
+  std::wstring format = L"before";
+  ListBox files{"files"}, known{"known"};
+};
+
+TEST_F(FolderChooser, OpensOnTheFolderUsedLast) {
+  const struct {
+    const wchar_t *lastDir, *drive, *path;
+  } cases[] = {
+      {L"C:\\M\\A", L"C:", L"C:\\M\\A"},
+      {L" c:\\m\\a\\ ", L"C:", L"c:\\m\\a"},
+      {L"C:", L"C:", L"C:\\"},
+      {L"C:\\", L"C:", L"C:\\"},
+      {L"", L"C:", L"C:\\Users\\me\\Music"},
+      {L"C:\\gone", L"C:", L"C:\\Users\\me\\Music"},
+      {L"C:\\M\\b.mp3", L"C:", L"C:\\Users\\me\\Music"},
+      {L"E:\\M", L"C:", L"C:\\Users\\me\\Music"},
+  };
+  for (const auto& expected : cases) {
+    test.context.settings.Put(L"LastDir", expected.lastDir);
+    Choose(ChooserMode::Album, [&](Form& form) {
+      EXPECT_EQ(Find<ComboBox>(form.layout, "Drive1").Text(), expected.drive) << expected.lastDir;
+      EXPECT_EQ(Find<TreeBox>(form.layout, "Dir1").Path(), expected.path) << expected.lastDir;
+    });
+  }
+}
+
+TEST_F(FolderChooser, PreviewsTheFilesOfTheChosenFormat) {
+  test.files.AddFolder(L"D:");
+  Choose(ChooserMode::SetupFolder, [&](Form& form) {
+    auto& preview = Find<ListBox>(form.layout, "file_lst");
+    auto& tree = Find<TreeBox>(form.layout, "Dir1");
+    EXPECT_EQ(Items(preview), Paths{L"b.mp3"});
+    Find<ComboBox>(form.layout, "format_cmb").Choose(1);
+    EXPECT_EQ(Items(preview), Paths{L"a.OGG"});
+    tree.SetPath(L"C:\\M\\A");
+    EXPECT_EQ(Items(preview), Paths{});
+    EXPECT_EQ(tree.children(L"C:\\M"), (Paths{L"A", L"album.mp3", L"B"}));
+    EXPECT_EQ(tree.children(L"C:\\gone"), Paths{});
+    Find<ComboBox>(form.layout, "Drive1").Choose(1);
+    EXPECT_EQ(tree.Path(), L"D:\\");
+  });
+}
+
+TEST_F(FolderChooser, HandsOverTheFolder) {
+  for (int mode : {1, 2, 3, 5, 7}) {
+    Choose(static_cast<ChooserMode>(mode), L"C:\\M\\A");
+    EXPECT_EQ(folder.Text(), L"C:\\M\\A");
+    EXPECT_EQ(LastDir(), L"C:\\M\\A");
+    Choose(static_cast<ChooserMode>(mode), L"C:\\");
+    EXPECT_EQ(folder.Text(), L"C:");
+    EXPECT_EQ(format, mode == 1 ? L"MP3" : L"before");
+    format = L"before";
+  }
+  EXPECT_EQ(files.Count(), 0);
+}
+
+TEST_F(FolderChooser, LeavesEverythingAsItWasOnCancel) {
+  Choose(ChooserMode::Album, [&](Form& form) {
+    Find<TreeBox>(form.layout, "Dir1").SetPath(L"C:\\M\\A");
+    form.RequestClose();
+    EXPECT_TRUE(form.Closing());
+  });
+  EXPECT_EQ(LastDir(), L"C:\\M");
+  EXPECT_EQ(folder.Text(), L"");
+  EXPECT_EQ(format, L"before");
+}
+
+TEST_F(FolderChooser, OnlyRemembersTheFolderInAnUnknownMode) {
+  Choose(static_cast<ChooserMode>(9), L"C:\\M\\A", false);
+  EXPECT_EQ(LastDir(), L"C:\\M\\A");
+  EXPECT_EQ(folder.Text(), L"");
+}
+
+TEST_F(FolderChooser, CollectsAudioFilesBreadthFirst) {
+  Choose(ChooserMode::BulkFiles, L"C:\\M");
+  const Paths own{L"C:\\M\\a.OGG", L"C:\\M\\b.mp3", L"C:\\M\\mp3", L"C:\\M\\x_mp3"};
+  EXPECT_EQ(Items(files), own);
+
+  files.Clear();
+  Choose(ChooserMode::BulkFiles, L"C:\\M", true);
+  Paths all = own;
+  all.insert(all.end(), {L"C:\\M\\A\\2.ape", L"C:\\M\\B\\3.wma", L"C:\\M\\A\\deep\\1.wav"});
+  EXPECT_EQ(Items(files), all);
+  EXPECT_EQ(test.context.status_lbl.Text(), L"");
+
+  // From a drive root, and no name that is nothing but an ending for a playlist.
+  files.Clear();
+  Choose(ChooserMode::PlaylistFiles, L"C:\\", true);
+  std::erase(all, L"C:\\M\\mp3");
+  EXPECT_EQ(Items(files), all);
+}
+
+TEST_F(FolderChooser, AddsAFileTwiceOnlyToAPlaylist) {
+  files.Add(L"c:\\m\\B.MP3");
+  known.Add(L"C:\\M\\x_MP3");
+  known.Add(L"C:\\M\\mp3");
+  Choose(ChooserMode::BurnFiles, L"C:\\M");
+  EXPECT_EQ(Items(files), (Paths{L"c:\\m\\B.MP3", L"C:\\M\\a.OGG"}));
+  Choose(ChooserMode::PlaylistFiles, L"C:\\M");
+  EXPECT_EQ(Items(files), (Paths{L"c:\\m\\B.MP3", L"C:\\M\\a.OGG", L"C:\\M\\a.OGG", L"C:\\M\\b.mp3", L"C:\\M\\x_mp3"}));
+}
+
+TEST_F(FolderChooser, PassesOverFoldersThatCantBeRead) {
+  test.files.beforeCall = [](const std::wstring& path) {
+    if (path == L"C:\\M\\A\\") throw Failure(L"List", path, L"Access is denied.");
+  };
+  Choose(ChooserMode::BulkFiles, L"C:\\M", true);
+  EXPECT_EQ(files.Count(), 5);
+  EXPECT_EQ(files.ItemText(4), L"C:\\M\\B\\3.wma");
+  EXPECT_TRUE(test.prompts.messages.empty());
+
+  // The chosen folder itself: the user is told and may choose another one.
+  Choose(ChooserMode::BulkFiles, [&](Form& form) {
+    Find<TreeBox>(form.layout, "Dir1").SetPath(L"C:\\M\\A");
+    Find<Button>(form.layout, "ok_btn").Click();
+    EXPECT_FALSE(form.Closing());
+    EXPECT_TRUE(Find<Button>(form.layout, "ok_btn").Enabled());
+  });
+  EXPECT_EQ(files.Count(), 5);
+  EXPECT_EQ(test.prompts.messages.size(), 1u);
+}
+
+TEST_F(FolderChooser, AddsNothingWhenTheWalkIsCancelled) {
+  Choose(ChooserMode::BulkFiles, [&](Form& form) {
+    test.events.eachTime = [&] {
+      EXPECT_FALSE(Find<Button>(form.layout, "ok_btn").Enabled());
+      Find<Button>(form.layout, "cancel_btn").Click();
+    };
+    Find<Button>(form.layout, "ok_btn").Click();
+    EXPECT_TRUE(form.Closing());
+  });
+  EXPECT_EQ(files.Count(), 0);
+  EXPECT_EQ(test.events.rounds, 1);
+}
+
+}  // namespace
+}  // namespace tagrix
