@@ -5,15 +5,13 @@
 #include <string>
 
 #include "core/context.h"
+#include "core/session.h"
 #include "forms/buttons.h"
 #include "forms/layout.h"
 #include "forms/lists.h"
 #include "forms/texts.h"
 
 namespace tagrix {
-
-// An entry of `mp3_lst` that stands for a track without a file.
-inline constexpr const wchar_t* kFakeTrack = L"**FAKE TRACK**";
 
 // The lists hold the session: position i of `mp3_lst` belongs to position i of `new_lst` and `tracks_lst`.
 struct AlbumPage {

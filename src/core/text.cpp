@@ -136,9 +136,19 @@ double LeadingNumber(std::wstring_view text) {
   return std::from_chars(first, last, value).ec == std::errc() ? value : 0;
 }
 
-int LeadingInteger(std::wstring_view text) {
+int LeadingInteger(std::wstring_view text) { return RoundToInteger(LeadingNumber(text)); }
+
+int RoundToInteger(double value) {
   constexpr double kLeast = std::numeric_limits<int>::min(), kMost = std::numeric_limits<int>::max();
-  return static_cast<int>(std::clamp(std::nearbyint(LeadingNumber(text)), kLeast, kMost));
+  return static_cast<int>(std::clamp(std::nearbyint(value), kLeast, kMost));
+}
+
+std::wstring Decimals(double value, int places, wchar_t separator) {
+  const auto steps = static_cast<std::int64_t>(std::pow(10, places));
+  const std::int64_t units = std::llround(std::abs(value) * static_cast<double>(steps));
+  std::wstring text = (value < 0 && units > 0 ? L"-" : L"") + std::to_wstring(units / steps);
+  if (places > 0) text += separator + std::to_wstring(steps + units % steps).substr(1);
+  return text;
 }
 
 std::wstring TwoDigits(int number) {

@@ -43,6 +43,11 @@ double LeadingNumber(std::wstring_view text);
 // The same, halves rounded to the even neighbour and held within a 32-bit integer.
 int LeadingInteger(std::wstring_view text);
 
+// The nearest 32-bit integer, halves to the even neighbour; values beyond are held at its ends.
+int RoundToInteger(double value);
+// With `places` decimals (0 to 6), halves away from zero: 5.5599 with 2 and "," gives "5,56".
+std::wstring Decimals(double value, int places, wchar_t separator);
+
 // With at least two digits: 1 gives "01", 123 gives "123".
 std::wstring TwoDigits(int number);
 

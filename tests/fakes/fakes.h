@@ -35,6 +35,9 @@ class FakeCodePage : public CodePage {
  public:
   std::string ToBytes(std::wstring_view text) override;
   std::wstring ToText(std::string_view bytes) override;
+  wchar_t DecimalSeparator() override { return separator; }
+
+  wchar_t separator = L'.';
 };
 
 // Time passes only while something waits; events are functions that tests queue.

@@ -1,0 +1,17 @@
+#include "core/session.h"
+
+#include <cmath>
+
+#include "core/text.h"
+
+namespace tagrix {
+
+bool IsFakeTrack(std::wstring_view entry) { return EqualIgnoringCase(Trim(entry), kFakeTrack); }
+
+std::wstring MinutesAndSeconds(double milliseconds) {
+  if (milliseconds == 0) return {};
+  const long long seconds = std::llround(milliseconds / 1000);
+  return std::to_wstring(seconds / 60) + L":" + TwoDigits(static_cast<int>(seconds % 60));
+}
+
+}  // namespace tagrix
