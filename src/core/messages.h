@@ -75,6 +75,10 @@ inline constexpr int kQuadraticDeviation = 145;
 // Burn page.
 inline constexpr int kBurn = 146, kCapacity = 147, kPatternPreview = 148;
 
+// Updater.
+inline constexpr int kLookingForUpdate = 149;
+inline constexpr int kInstallerNotStarted = 150;  // %%1%% its path
+
 inline constexpr int kTitle = 165, kTrackNumber = 166, kNoFiles = 167;
 inline constexpr int kRenameFailed = 169;  // %%FIC%% the new path
 inline constexpr int kBurnTime = 172, kBurnerMissing = 173, kTooLong = 174, kAlbumPage = 175, kCancelled = 177;

@@ -142,6 +142,7 @@ std::wstring TestText(int n) {
     case message::kReadOnly:
     case message::kNewVersion:
     case message::kDownloadComplete:
+    case message::kInstallerNotStarted:
       return number + L" %%1%%";
     case message::kApplyClash:
     case message::kUndoClash:
