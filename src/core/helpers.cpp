@@ -33,9 +33,13 @@ bool RenameFile(Context& context, const std::wstring& oldPath, const std::wstrin
     context.files.Rename(oldPath, newPath);
     return true;
   } catch (const Failure&) {
-    context.prompts.Message(Replace(context.Text(message::kRenameFailed), L"%%FIC%%", newPath));
+    ShowRenameFailure(context, newPath);
     return false;
   }
+}
+
+void ShowRenameFailure(Context& context, const std::wstring& newPath) {
+  context.prompts.Message(Replace(context.Text(message::kRenameFailed), L"%%FIC%%", newPath));
 }
 
 namespace {

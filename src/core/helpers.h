@@ -30,6 +30,8 @@ int Percentage(int done, int total);
 
 // Renames in one system call, never over another file; a failure is shown to the user. True on success.
 bool RenameFile(Context& context, const std::wstring& oldPath, const std::wstring& newPath);
+// Says that a file could not get this path.
+void ShowRenameFailure(Context& context, const std::wstring& newPath);
 
 // Whether some entry equals the trimmed text, letter case ignored.
 bool ListContains(const ListBox& list, std::wstring_view text);

@@ -1,0 +1,122 @@
+// The bytes of both tags, and what is recognised as a tag.
+#include <gtest/gtest.h>
+
+#include "core/failure.h"
+#include "fakes/fakes.h"
+#include "tags/genres.h"
+#include "tags/id3v1.h"
+#include "tags/id3v2.h"
+
+namespace tagrix {
+namespace {
+
+constexpr const wchar_t* kPath = L"C:\\m\\a.mp3";
+
+std::string Spaces(std::size_t count) { return std::string(count, ' '); }
+
+std::string Bytes(std::initializer_list<int> values) {
+  std::string bytes;
+  for (const int value : values) bytes += static_cast<char>(value);
+  return bytes;
+}
+
+std::vector<std::wstring> Styles() {
+  std::vector<std::wstring> styles;
+  for (int i = 0; i < 148; ++i) styles.push_back(L"Style " + std::to_wstring(i));
+  styles[20] = L"Rock";
+  styles[130] = L"ROCK";
+  return styles;
+}
+
+TEST(Genres, AreFoundFirstAndWithoutRegardToCase) {
+  EXPECT_EQ(GetIDXFromStyleName(Styles(), L"rock"), 20u);
+  EXPECT_EQ(GetIDXFromStyleName(Styles(), L"Style 0"), 0u);
+  EXPECT_EQ(GetIDXFromStyleName(Styles(), L" rock"), 135u);
+  EXPECT_EQ(GetIDXFromStyleName({}, L""), 135u);
+}
+
+TEST(Id3v1, IsPaddedWithBlanks) {
+  FakeCodePage codePage;
+  const TagFields fields{L"Abc",   L"7", L"Ärtist", L"An album whose name is too long for its field",
+                         L"19745", L"",  L"rOck"};
+  EXPECT_EQ(BuildID3v1(fields, Styles(), codePage), "Abc" + Spaces(27) + "\xC4rtist" + Spaces(24) +
+                                                        "An album whose name is too lon" + "1974" + Spaces(28) +
+                                                        Bytes({0, 7, 127}));
+}
+
+TEST(Id3v1, KeepsTwentyEightCharactersOfTheComment) {
+  FakeCodePage codePage;
+  for (const std::size_t length : {27u, 28u, 29u, 40u}) {
+    const std::string record =
+        BuildID3v1({L"", L"255", L"", L"", L"", std::wstring(length, L'c'), L"?"}, Styles(), codePage);
+    ASSERT_EQ(record.size(), 125u);
+    EXPECT_EQ(record.substr(94), length == 27 ? std::string(27, 'c') + " " + Bytes({0, 255, 12})
+                                              : std::string(28, 'c') + Bytes({0, 255, 12}));
+  }
+}
+
+TEST(Id3v1, RefusesATrackThatIsNoByte) {
+  FakeCodePage codePage;
+  for (const wchar_t* track : {L"", L" ", L"x", L"7x", L"1.5", L"-1", L"256", L"99999999999999999999"}) {
+    EXPECT_THROW(BuildID3v1({L"", track, L"", L"", L"", L"", L""}, {}, codePage), Failure);
+  }
+  EXPECT_EQ(BuildID3v1({L"", L" 08 ", L"", L"", L"", L"", L""}, {}, codePage)[123], 8);
+}
+
+TEST(Id3v1, IsFoundInFilesOfMoreThan130Bytes) {
+  TestContext test;
+  const auto found = [&](std::size_t before) {
+    test.files.Put(kPath, std::string(before, 'x') + "TAG" + std::string(125, 'y'));
+    return HasID3v1(test.files, kPath);
+  };
+  EXPECT_FALSE(found(2));
+  EXPECT_TRUE(found(3));
+  test.files.SetLabel(L"C:", false);
+  EXPECT_FALSE(found(3));
+  test.files.SetLabel(L"C:", true);
+  EXPECT_FALSE(HasID3v1(test.files, L"C:\\m\\missing.mp3"));
+  EXPECT_FALSE(HasID3v1(test.files, L"C:\\m"));
+  EXPECT_FALSE(HasID3v1(test.files, L"C:"));
+}
+
+TEST(Id3v2, HasSevenFramesAlways) {
+  FakeCodePage codePage;
+  const std::string zero = Bytes({0}), end = Bytes({0, 0, 0});  // the flags and the text encoding
+  const auto size = [](int n) { return Bytes({0, 0, 0, n}); };
+  EXPECT_EQ(BuildID3v2({L" Title ", L"7", L"Ä", L"", L"1974", L" c ", L"Rock"}, codePage),
+            "ID3" + Bytes({3, 0, 0, 0, 0, 0, 105}) + "TIT2" + size(6) + end + "Title" + "TPE1" + size(2) + end +
+                "\xC4" + "TALB" + size(1) + end + "TYER" + size(5) + end + "1974" + "TCON" + size(5) + end + "Rock" +
+                "TRCK" + size(2) + end + "7" + "COMM" + size(14) + end + "engComments" + zero + "c");
+  EXPECT_EQ(BuildID3v2({}, codePage).size(), 99u);
+}
+
+TEST(Id3v2, WritesSizesInItsOwnForm) {
+  FakeCodePage codePage;
+  const auto sizes = [&](std::size_t title) {
+    const std::string tag = BuildID3v2({std::wstring(title, L'x'), L"", L"", L"", L"", L"", L""}, codePage);
+    return tag.substr(6, 4) + tag.substr(14, 4);
+  };
+  EXPECT_EQ(sizes(200), Bytes({0, 0, 2, 33, 0, 0, 1, 73}));
+  EXPECT_EQ(sizes(20000), Bytes({0, 1, 28, 121, 0, 1, 28, 33}));
+  EXPECT_EQ(sizes(2097151), Bytes({0, 128, 0, 88, 0, 128, 0, 0}));  // the second byte goes on beyond 127
+  EXPECT_THROW(sizes(4194303), Failure);
+}
+
+TEST(Id3v2, SizeIsReadAsItIsWritten) {
+  TestContext test;
+  const auto size = [&](const std::string& content) {
+    test.files.Put(kPath, content);
+    return GetID3v2Size(test.files, kPath);
+  };
+  EXPECT_EQ(size("ID3" + Bytes({3, 0, 0, 0, 1, 2, 3, 0})), 16384u + 2 * 128 + 3);
+  EXPECT_EQ(size("ID3" + Bytes({4, 0, 255, 2, 0, 0, 1, 0})), 2u * 20917152 + 1);
+  EXPECT_EQ(size("ID3" + Bytes({3, 0, 0, 0, 255, 255, 255, 0})), 255u * 16513);
+  EXPECT_EQ(size("ID3" + Bytes({3, 0, 0, 0, 1, 2, 3})), 0u);  // 10 bytes
+  EXPECT_EQ(size("ID4" + Bytes({3, 0, 0, 0, 1, 2, 3, 0})), 0u);
+  EXPECT_EQ(size(""), 0u);
+  test.files.SetLabel(L"C:", false);
+  EXPECT_EQ(size("ID3" + Bytes({3, 0, 0, 0, 1, 2, 3, 0})), 0u);
+}
+
+}  // namespace
+}  // namespace tagrix
