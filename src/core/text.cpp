@@ -31,8 +31,7 @@ std::wstring Trim(std::wstring_view text) {
   return std::wstring(text.substr(first, text.find_last_not_of(L' ') - first + 1));
 }
 
-wchar_t ToLower(wchar_t c) {
-  if (Within(c, L'A', L'Z')) return Shift(c, 32);
+wchar_t ToLowerBeyondAscii(wchar_t c) {
   if (c < 0xC0) return c;
   if (Within(c, 0xC0, 0xDE) && c != 0xD7) return Shift(c, 32);
   if (AlternatesFromEven(c) && c % 2 == 0) return Shift(c, 1);

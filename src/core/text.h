@@ -12,8 +12,12 @@ namespace tagrix {
 std::wstring Trim(std::wstring_view text);
 
 // Simple case mapping, one character to one, for Latin, Greek and Cyrillic letters.
-wchar_t ToLower(wchar_t c);
+wchar_t ToLowerBeyondAscii(wchar_t c);
 wchar_t ToUpper(wchar_t c);
+inline wchar_t ToLower(wchar_t c) {
+  if (c >= 0x80) return ToLowerBeyondAscii(c);
+  return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + 32) : c;
+}
 std::wstring ToLower(std::wstring_view text);
 std::wstring ToUpper(std::wstring_view text);
 bool EqualIgnoringCase(std::wstring_view a, std::wstring_view b);

@@ -73,6 +73,7 @@ bool PicksFolder(ChooserMode mode) {
 
 void RemoveKnown(std::vector<std::wstring>& paths, const ChooserTargets& targets) {
   std::unordered_set<std::wstring_view, HashIgnoringCase, SameIgnoringCase> known;
+  known.reserve(static_cast<std::size_t>(targets.files->Count()));
   for (const ListBox* list : {static_cast<const ListBox*>(targets.files), targets.alsoKnown}) {
     for (int i = 0; list != nullptr && i < list->Count(); ++i) known.insert(list->ItemText(i));
   }

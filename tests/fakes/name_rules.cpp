@@ -5,7 +5,8 @@
 namespace tagrix {
 
 bool MatchesPattern(std::wstring_view pattern, std::wstring_view name) {
-  if (pattern == L"*" || pattern == L"*.*") return true;
+  using std::operator""sv;  // no length to be counted: this runs for every entry of a folder
+  if (pattern == L"*"sv || pattern == L"*.*"sv) return true;
   if (pattern.empty()) return name.empty();
   if (pattern[0] == L'*') {
     return MatchesPattern(pattern.substr(1), name) || (!name.empty() && MatchesPattern(pattern, name.substr(1)));
