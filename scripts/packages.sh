@@ -1,0 +1,43 @@
+# Sourced by ./test and ./run: installs the Debian packages that are missing.
+
+# need PACKAGE:PROBE...  installs each package whose probe, a command or an absolute path, isn't there.
+need() {
+  local missing=() entry
+  for entry in "$@"; do
+    present "${entry#*:}" || missing+=("${entry%%:*}")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+
+  if ! command -v apt-get >/dev/null; then
+    echo "Please install what Debian calls: ${missing[*]}" >&2
+    return 1
+  fi
+  echo "Installing ${missing[*]}"
+  # The package lists of a fresh machine are empty or old: then they are fetched first.
+  apt_get install "${missing[@]}" || { apt_get update && apt_get install "${missing[@]}"; }
+}
+
+present() {
+  case $1 in
+    /*) compgen -G "$1" >/dev/null ;;
+    *) command -v "$1" >/dev/null ;;
+  esac
+}
+
+# apt_get COMMAND [PACKAGE]...  as root, without questions.
+apt_get() {
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "Please run this as root once, or install sudo, to install: ${*:2}" >&2; return 1; }
+    as_root=(sudo)
+  fi
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y --no-install-recommends "$@" >&2
+}
+
+native_packages=(g++:g++ cmake:cmake ninja-build:ninja googletest:/usr/src/googletest/CMakeLists.txt)
+windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix wine:wine wine64:/usr/lib/wine/wine64 xvfb:Xvfb
+                  libxrender1:/usr/lib/*/libXrender.so.1 libxcursor1:/usr/lib/*/libXcursor.so.1
+                  libxrandr2:/usr/lib/*/libXrandr.so.2 libxi6:/usr/lib/*/libXi.so.6
+                  fonts-wine:/usr/share/wine/fonts fonts-liberation:/usr/share/fonts/truetype/liberation)
+disc_server_packages=(libcpp-httplib-dev:/usr/include/httplib.h pkg-config:pkg-config)
+music_packages=(lame:lame sox:sox)
