@@ -4,8 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
+
+#include "contract/scratch_folder.h"
 
 #ifdef _WIN32
 #include "win32/files.h"
@@ -16,34 +17,16 @@
 
 namespace tagrix {
 
-// A new folder of this test's own, removed with all that it holds.
-class ScratchFolder {
- public:
-  ScratchFolder() {
-    const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = std::string(test.test_suite_name()) + "." + test.name();
-    for (char& c : name) c = c == '/' ? '.' : c;
-    path = std::filesystem::temp_directory_path() / ("tagrix." + name);
-    std::filesystem::remove_all(path);
-    std::filesystem::create_directories(path);
-  }
-  ~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
-  }
-  ScratchFolder(const ScratchFolder&) = delete;
-  ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-  std::filesystem::path path;
-};
-
+// What differs. kCaseClash: a new name clashes with one that differs in letter case only. kLocks: an open file can't be
+// moved. Lenient: a Wine that lets read-only files be written and doesn't change the letter case of names.
 #ifdef _WIN32
 
 struct WinFilesCase {
-  static constexpr bool kChangesCase = false, kCaseClash = true, kLocks = true;
+  static constexpr bool kCaseClash = true, kLocks = true;
+  static bool Lenient();
   void SetReadOnly(const std::wstring& path);
+  // False when this system makes no links.
   bool AddLink(const std::wstring& path);
-  void SetLabel(bool labelled);
 
   ScratchFolder scratch;
   WinFiles files;
@@ -53,21 +36,20 @@ using FilesCases = testing::Types<WinFilesCase>;
 
 #else
 
-// What differs: a rename that only changes letter case works; a new name clashes with one that differs in case;
-// an open file can't be moved.
 struct FakeFilesCase {
-  static constexpr bool kChangesCase = true, kCaseClash = true, kLocks = true;
+  static constexpr bool kCaseClash = true, kLocks = true;
+  static bool Lenient() { return false; }
   FakeFilesCase() { files.AddFolder(folder); }
   void SetReadOnly(const std::wstring& path) { files.SetReadOnly(path); }
   bool AddLink(const std::wstring& path) { return files.AddLink(path), true; }
-  void SetLabel(bool labelled) { files.SetLabel(L"C:", labelled); }
 
   std::wstring folder = L"C:\\Work\\Folder";
   FakeFiles files;
 };
 
 struct LinuxFilesCase {
-  static constexpr bool kChangesCase = true, kCaseClash = false, kLocks = false;
+  static constexpr bool kCaseClash = false, kLocks = false;
+  static bool Lenient() { return false; }
   LinuxFilesCase() { files.CreateFolder(folder); }
   void SetReadOnly(const std::wstring& path) {
     std::filesystem::permissions(files.LinuxPath(path), std::filesystem::perms(0444));
@@ -76,7 +58,6 @@ struct LinuxFilesCase {
     std::filesystem::create_directory_symlink(scratch.path, files.LinuxPath(path));
     return true;
   }
-  void SetLabel(bool) {}
 
   std::wstring folder = L"C:\\Folder";
   ScratchFolder scratch;

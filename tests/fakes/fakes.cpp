@@ -3,6 +3,14 @@
 #include "core/messages.h"
 
 namespace tagrix {
+namespace {
+
+// What bytes 0x80 to 0x9F stand for.
+constexpr std::wstring_view kFrom80 =
+    L"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
+    L"\x90\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\x9D\u017E\u0178";
+
+}  // namespace
 
 std::wstring FakeRegistry::GetRegValue(Hive hive, const std::wstring& key, const std::wstring& name) {
   const auto found = values_.find({hive, key + L"\\" + name});
@@ -15,13 +23,19 @@ void FakeRegistry::SetRegValue(Hive hive, const std::wstring& key, const std::ws
 
 std::string FakeCodePage::ToBytes(std::wstring_view text) {
   std::string bytes;
-  for (const wchar_t c : text) bytes += static_cast<char>(c < 256 ? c : L'?');
+  for (const wchar_t c : text) {
+    const auto from80 = kFrom80.find(c);
+    bytes += static_cast<char>(from80 != kFrom80.npos ? from80 + 0x80 : c < 256 ? static_cast<size_t>(c) : L'?');
+  }
   return bytes;
 }
 
 std::wstring FakeCodePage::ToText(std::string_view bytes) {
   std::wstring text;
-  for (const char c : bytes) text += static_cast<wchar_t>(static_cast<unsigned char>(c));
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    text += byte >= 0x80 && byte < 0xA0 ? kFrom80[byte - 0x80] : static_cast<wchar_t>(byte);
+  }
   return text;
 }
 

@@ -30,7 +30,7 @@ class FakeRegistry : public Registry {
   std::map<std::pair<Hive, std::wstring>, std::wstring, Less> values_;  // key path and value name joined by "\"
 };
 
-// Windows-1252 without its block 0x80 to 0x9F: Latin-1; everything else becomes "?".
+// Windows-1252; everything else becomes "?".
 class FakeCodePage : public CodePage {
  public:
   std::string ToBytes(std::wstring_view text) override;

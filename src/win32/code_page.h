@@ -1,0 +1,17 @@
+// The ANSI code page of Windows.
+#ifndef TAGRIX_WIN32_CODE_PAGE_H
+#define TAGRIX_WIN32_CODE_PAGE_H
+
+#include "platform/code_page.h"
+
+namespace tagrix {
+
+class WinCodePage : public CodePage {
+ public:
+  std::string ToBytes(std::wstring_view text) override;
+  std::wstring ToText(std::string_view bytes) override;
+};
+
+}  // namespace tagrix
+
+#endif

@@ -1,0 +1,37 @@
+#include "win32/registry.h"
+
+#include <windows.h>
+
+namespace tagrix {
+namespace {
+
+HKEY Root(Hive hive) { return hive == Hive::CurrentUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE; }
+
+std::wstring Read(Hive hive, const std::wstring& key, const std::wstring& name, DWORD view) {
+  std::wstring text(256, L'\0');
+  DWORD bytes = 0;
+  LSTATUS status = ERROR_MORE_DATA;
+  while (status == ERROR_MORE_DATA) {
+    text.resize(std::max(text.size(), bytes / sizeof(wchar_t)));
+    bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+    status = RegGetValueW(Root(hive), key.c_str(), name.c_str(), RRF_RT_REG_SZ | view, nullptr, text.data(), &bytes);
+  }
+  if (status != ERROR_SUCCESS) return {};
+  text.resize(bytes / sizeof(wchar_t));
+  return text.substr(0, text.find(L'\0'));
+}
+
+}  // namespace
+
+std::wstring WinRegistry::GetRegValue(Hive hive, const std::wstring& key, const std::wstring& name) {
+  std::wstring text = Read(hive, key, name, 0);
+  if (text.empty() && hive == Hive::LocalMachine) text = Read(hive, key, name, RRF_SUBKEY_WOW6432KEY);
+  return text;
+}
+
+void WinRegistry::SetRegValue(Hive hive, const std::wstring& key, const std::wstring& name, const std::wstring& text) {
+  RegSetKeyValueW(Root(hive), key.c_str(), name.c_str(), REG_SZ, text.c_str(),
+                  static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+}
+
+}  // namespace tagrix

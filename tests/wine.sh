@@ -1,0 +1,28 @@
+#!/bin/bash
+# Runs a Windows program under Wine: tests/wine.sh PROGRAM [ARGUMENT]...
+# WINEPREFIX names the prefix, which is made when it is missing. Without a DISPLAY the program gets a screen of its own,
+# and what else runs in the prefix ends with it.
+set -eu
+: "${WINEPREFIX:?names the prefix to run in}"
+export WINEPREFIX WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree=;mshtml="
+
+if [ -z "${DISPLAY:-}" ]; then
+  exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1280x960x24 -nolisten tcp 2>/dev/null)
+  screen=$!
+  trap 'wineserver --kill || true; kill "$screen"' EXIT
+  read -r DISPLAY <&"$number"
+  export DISPLAY=":$DISPLAY"
+fi
+
+(
+  flock 9
+  if [ ! -e "$WINEPREFIX/ready" ]; then
+    mkdir -p "$WINEPREFIX/drive_c"
+    echo TAGRIX > "$WINEPREFIX/drive_c/.windows-label"
+    wineboot --init >/dev/null 2>&1
+    wineserver --wait
+    touch "$WINEPREFIX/ready"
+  fi
+) 9>"$WINEPREFIX.lock"
+
+wine "$@"
