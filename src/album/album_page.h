@@ -15,6 +15,8 @@ namespace tagrix {
 
 // The lists hold the session: position i of `mp3_lst` belongs to position i of `new_lst` and `tracks_lst`.
 struct AlbumPage {
+  Frame session_frm{"session_frm"};  // around everything, not drawn: disabled while the session is being applied
+
   // Files: names with extension and without folder; value = duration in milliseconds, 0 unknown.
   Frame files_frm{"album_files_frm"};
   TextBox path_txt{"path_txt"};

@@ -20,14 +20,14 @@ constexpr const wchar_t* kLastDir = L"LastDir";
 
 void transme(Choixrecoldir& dialog, Context& context) {
   dialog.form.caption = context.Text(message::kChooserCaption);
-  dialog.drive_frm.SetText(context.Text(message::kDrive));
-  dialog.folder_frm.SetText(context.Text(message::kFolder));
-  dialog.file_frm.SetText(context.Text(message::kPreview));
-  dialog.format_frm.SetText(context.Text(message::kFormat));
-  dialog.recurse_frm.SetText(context.Text(message::kSubfolders));
-  dialog.recurse_chk.SetText(context.Text(message::kRecurse));
-  dialog.ok_btn.SetText(context.Text(message::kOk));
-  dialog.cancel_btn.SetText(context.Text(message::kCancel));
+  SetCaptions(context, {{dialog.drive_frm, message::kDrive},
+                        {dialog.folder_frm, message::kFolder},
+                        {dialog.file_frm, message::kPreview},
+                        {dialog.format_frm, message::kFormat},
+                        {dialog.recurse_frm, message::kSubfolders},
+                        {dialog.recurse_chk, message::kRecurse},
+                        {dialog.ok_btn, message::kOk},
+                        {dialog.cancel_btn, message::kCancel}});
 }
 
 // A folder that can't be read, such as an empty disc drive, shows nothing below it.

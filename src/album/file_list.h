@@ -1,0 +1,33 @@
+// The file list of the album page: reading a folder, and bringing its files into the order of the disc's tracks.
+#ifndef TAGRIX_ALBUM_FILE_LIST_H
+#define TAGRIX_ALBUM_FILE_LIST_H
+
+#include "album/album_page.h"
+
+namespace tagrix {
+
+// Lets the user choose a folder and lists its files of the chosen type; the session starts over.
+void BrowseClicked(AlbumPage& page, Context& context);
+
+// Moves the one selected entry a place up or down. Like a drag it exchanges texts only: the durations stay where they
+// are, and have to be measured again before they are compared.
+void MoveUp(AlbumPage& page);
+void MoveDown(AlbumPage& page);
+// The user drags the entry at `from` over the one at `to`.
+void DragEntry(AlbumPage& page, int from, int to);
+
+// Takes the selected entries off the list; the files stay on the disk.
+void DeleteSelected(AlbumPage& page);
+void ClearFiles(AlbumPage& page);
+// Appends a stand-in for a track without a file.
+void AddFake(AlbumPage& page);
+
+// Enables the buttons that depend on what the list holds and what is selected.
+void UpdateFileButtons(AlbumPage& page);
+
+// Empties what the page shows of a disc: artist, album, genre, year and tracks.
+void InitResFrm(AlbumPage& page);
+
+}  // namespace tagrix
+
+#endif
