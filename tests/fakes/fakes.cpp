@@ -19,6 +19,7 @@ std::wstring FakeRegistry::GetRegValue(Hive hive, const std::wstring& key, const
 
 void FakeRegistry::SetRegValue(Hive hive, const std::wstring& key, const std::wstring& name, const std::wstring& text) {
   values_[{hive, key + L"\\" + name}] = text;
+  written.push_back(name);
 }
 
 std::string FakeCodePage::ToBytes(std::wstring_view text) {

@@ -21,6 +21,8 @@ class FakeRegistry : public Registry {
   std::wstring GetRegValue(Hive hive, const std::wstring& key, const std::wstring& name) override;
   void SetRegValue(Hive hive, const std::wstring& key, const std::wstring& name, const std::wstring& text) override;
 
+  std::vector<std::wstring> written;  // value names, in the order in which they were set
+
  private:
   struct Less {
     bool operator()(const std::pair<Hive, std::wstring>& a, const std::pair<Hive, std::wstring>& b) const {
