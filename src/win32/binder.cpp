@@ -1,0 +1,57 @@
+#include "win32/binder.h"
+
+#include "win32/button_windows.h"
+#include "win32/list_window.h"
+#include "win32/picture_window.h"
+#include "win32/text_windows.h"
+#include "win32/tree_window.h"
+
+namespace tagrix {
+namespace {
+
+class Maker : public ControlVisitor {
+ public:
+  Maker(HWND window, const Form& form, bool wraps) : window_(window), form_(form), wraps_(wraps) {}
+
+  void Visit(Button& button) override {
+    if (button.Image().empty()) {
+      Make<PushButton>(button, &button == form_.defaultButton);
+    } else {
+      Make<ImageButton>(button);
+    }
+  }
+  void Visit(CheckBox& box) override { Make<TickBox>(box); }
+  void Visit(OptionButton& option) override { Make<RadioButton>(option); }
+  void Visit(Label& label) override { Make<StaticText>(label, wraps_); }
+  void Visit(TextBox& box) override { Make<EditField>(box); }
+  void Visit(ListBox& list) override { Make<ListWindow>(list); }
+  void Visit(ComboBox& combo) override { Make<DropDown>(combo); }
+  void Visit(Frame& frame) override {
+    if (!frame.Text().empty()) Make<GroupBox>(frame);
+  }
+  void Visit(ProgressBox& progress) override { Make<ProgressBar>(progress); }
+  void Visit(TreeBox& tree) override { Make<TreeWindow>(tree); }
+  void Visit(Picture& picture) override { Make<PictureWindow>(picture); }
+
+  std::unique_ptr<Binding> made;
+
+ private:
+  template <typename Kind, typename... Arguments>
+  void Make(Arguments&&... arguments) {
+    made = std::make_unique<Kind>(window_, arguments...);
+  }
+
+  HWND window_;
+  const Form& form_;
+  bool wraps_;
+};
+
+}  // namespace
+
+std::unique_ptr<Binding> MakeBinding(HWND window, const Form& form, Control& control, bool wraps) {
+  Maker maker(window, form, wraps);
+  control.Accept(maker);
+  return std::move(maker.made);
+}
+
+}  // namespace tagrix

@@ -1,0 +1,67 @@
+// Windows of buttons, check boxes and option buttons.
+#ifndef TAGRIX_WIN32_BUTTON_WINDOWS_H
+#define TAGRIX_WIN32_BUTTON_WINDOWS_H
+
+#include "forms/buttons.h"
+#include "win32/binding.h"
+#include "win32/image.h"
+
+namespace tagrix {
+
+class PushButton : public Binding {
+ public:
+  PushButton(HWND form, Button& button, bool isDefault);
+  void Update(Changes changes) override;
+  void Command(int code) override;
+  bool TakeKey(WPARAM key) override;
+
+ private:
+  Button& button_;
+};
+
+// A flat white button that shows a picture, above its text if it has one.
+class ImageButton : public Binding {
+ public:
+  ImageButton(HWND form, Button& button);
+  void Update(Changes changes) override;
+  void SetFonts(const Fonts& fonts) override;
+  void Command(int code) override;
+  void Draw(const DRAWITEMSTRUCT& item) override;
+  bool TakeKey(WPARAM key) override;
+
+ protected:
+  LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void DrawFace(HDC dc, RECT area, UINT state) const;
+  void DrawContent(HDC dc, RECT area, UINT state) const;
+
+  Button& button_;
+  Image image_;
+  int dpi_ = 96;
+  bool hot_ = false;  // the pointer is over it
+};
+
+class TickBox : public Binding {
+ public:
+  TickBox(HWND form, CheckBox& box);
+  void Update(Changes changes) override;
+  void Command(int code) override;
+
+ private:
+  CheckBox& box_;
+};
+
+class RadioButton : public Binding {
+ public:
+  RadioButton(HWND form, OptionButton& option);
+  void Update(Changes changes) override;
+  void Command(int code) override;
+
+ private:
+  OptionButton& option_;
+};
+
+}  // namespace tagrix
+
+#endif

@@ -1,0 +1,24 @@
+#include "win32/event_loop.h"
+
+#include "win32/form_window.h"
+
+namespace tagrix {
+
+void WinEventLoop::DoEvents() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) Dispatch(message);
+}
+
+void WinEventLoop::Wait(int milliseconds) {
+  // MWMO_INPUTAVAILABLE: what a peek has seen but left in the queue ends the wait, too.
+  MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(milliseconds), QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+}
+
+void Dispatch(MSG& message) {
+  FormWindow* form = FormWindow::Around(message.hwnd);
+  if (form != nullptr && form->TakeKey(message)) return;
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
+}  // namespace tagrix

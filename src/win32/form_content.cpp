@@ -1,0 +1,216 @@
+#include "win32/form_content.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/lists.h"
+#include "forms/texts.h"
+#include "win32/binder.h"
+
+namespace tagrix {
+namespace {
+
+constexpr ULONGLONG kFlushEvery = 16;  // milliseconds
+constexpr int kDropDownHeight = 260;   // units; the windows of combo boxes are as high as they are when open
+
+// Whether a change may alter the room that the control takes.
+bool ChangesLayout(const Control& control, Changes changes) {
+  if (changes.Has(Change::Visible) || changes.Has(Change::Enabled)) return true;
+  if (const auto* label = dynamic_cast<const Label*>(&control)) {
+    return changes.Has(Change::Text) && label->Style() != LabelStyle::Path;
+  }
+  if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) {
+    return changes.Has(Change::Items) && !combo->Editable();
+  }
+  if (dynamic_cast<const TextBox*>(&control) != nullptr) return false;
+  return changes.Has(Change::Text) || (changes.Has(Change::Look) && dynamic_cast<const Button*>(&control) != nullptr);
+}
+
+bool IsFrame(const Control& control) { return dynamic_cast<const Frame*>(&control) != nullptr; }
+
+}  // namespace
+
+FormContent::FormContent(HWND window, Form& form) : window_(window), form_(form) {
+  SetFonts(static_cast<int>(GetDpiForWindow(window)));
+  Collect(form.layout);
+}
+
+FormContent::~FormContent() {
+  for (const Slot& slot : slots_) slot.control->Observe(nullptr);
+  if (tooltips_ != nullptr) DestroyWindow(tooltips_);
+}
+
+void FormContent::Collect(const Node& node) {
+  if (node.control != nullptr) {
+    index_.emplace(node.control, slots_.size());
+    slots_.emplace_back();
+    slots_.back().control = node.control;
+    slots_.back().wraps = node.wrapAt > 0;
+    node.control->Observe(this);
+  }
+  for (const Node& child : node.children) Collect(child);
+}
+
+void FormContent::SetFonts(int dpi) {
+  auto fonts = std::make_unique<Fonts>(dpi);
+  for (const Slot& slot : slots_) {
+    if (slot.binding) slot.binding->SetFonts(*fonts);
+  }
+  fonts_ = std::move(fonts);
+}
+
+void FormContent::Changed(Control& control, Change change) {
+  SlotOf(control).changes.Add(change);
+  if (std::exchange(flushPending_, true)) return;
+  const ULONGLONG since = GetTickCount64() - flushed_;
+  if (since >= kFlushEvery) {
+    PostMessageW(window_, kFlush, 0, 0);
+  } else {
+    SetTimer(window_, kFlush, static_cast<UINT>(kFlushEvery - since), nullptr);
+  }
+}
+
+bool FormContent::Flush() {
+  KillTimer(window_, kFlush);
+  flushPending_ = false;
+  flushed_ = GetTickCount64();
+  bool layout = false;
+  for (Slot& slot : slots_) {
+    const Changes changes = std::exchange(slot.changes, {});
+    if (!changes.Any()) continue;
+    if (slot.binding) {
+      slot.binding->Update(changes);
+      OfferTooltip(slot);
+    }
+    layout |= ChangesLayout(*slot.control, changes);
+  }
+  return layout;
+}
+
+bool FormContent::MakeWindow(Slot& slot) {
+  if (slot.binding) return false;
+  slot.binding = MakeBinding(window_, form_, *slot.control, slot.wraps);
+  if (!slot.binding) return false;
+  slot.binding->SetFonts(*fonts_);
+  slot.binding->Update(Changes::All());
+  OfferTooltip(slot);
+  return true;
+}
+
+void FormContent::OfferTooltip(Slot& slot) {
+  const auto* list = dynamic_cast<const ListBox*>(slot.control);
+  if (slot.hasTooltip || (slot.control->Tooltip().empty() && (list == nullptr || !list->itemTooltips))) return;
+  if (tooltips_ == nullptr) {
+    tooltips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0,
+                                0, 0, window_, nullptr, GetModuleHandleW(nullptr), nullptr);
+    SendMessageW(tooltips_, TTM_SETMAXTIPWIDTH, 0, Pixels(400));
+  }
+  TOOLINFOW tool{};
+  tool.cbSize = sizeof tool;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = window_;
+  tool.uId = reinterpret_cast<UINT_PTR>(slot.binding->Window());
+  tool.lpszText = LPSTR_TEXTCALLBACKW;
+  SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  slot.hasTooltip = true;
+}
+
+void FormContent::Place() {
+  RECT client;
+  GetClientRect(window_, &client);
+  std::vector<Placement> places = Arrange(form_.layout, {0, 0, client.right, client.bottom}, fonts_->Dpi(), *fonts_);
+  bool made = false;
+  for (const Placement& place : places) {
+    if (place.visible) made |= MakeWindow(SlotOf(*place.control));
+  }
+  // Frames stand behind everything, the inner before the outer.
+  std::stable_partition(places.begin(), places.end(), [](const Placement& p) { return !IsFrame(*p.control); });
+  std::reverse(std::find_if(places.begin(), places.end(), [](const Placement& p) { return IsFrame(*p.control); }),
+               places.end());
+
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(places.size()));
+  HWND after = HWND_TOP;
+  for (const Placement& place : places) {
+    Slot& slot = SlotOf(*place.control);
+    if (!slot.binding) continue;
+    moves = Move(moves, slot, place, made ? &after : nullptr);
+    after = slot.binding->Window();
+  }
+  EndDeferWindowPos(moves);
+  Enable(places);
+}
+
+// Moves what isn't where it belongs; `after` gives the place in the tab order, null leaves it.
+HDWP FormContent::Move(HDWP moves, Slot& slot, const Placement& place, const HWND* after) {
+  const bool visible = place.visible && !(IsFrame(*slot.control) && slot.control->Text().empty());
+  const bool resized = place.rect.width != slot.rect.width || place.rect.height != slot.rect.height;
+  const bool moved = resized || place.rect != slot.rect;
+  const bool shown = visible != slot.visible;
+  if (!moved && !shown && after == nullptr) return moves;
+  UINT flags = SWP_NOACTIVATE;
+  if (after == nullptr) flags |= SWP_NOZORDER;
+  if (!moved) flags |= SWP_NOMOVE | SWP_NOSIZE;
+  if (resized) flags |= SWP_NOCOPYBITS;
+  if (shown) flags |= visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
+  const bool dropsDown = dynamic_cast<const ComboBox*>(slot.control) != nullptr;
+  const int height = place.rect.height + (dropsDown ? Pixels(kDropDownHeight) : 0);
+  slot.rect = place.rect;
+  slot.visible = visible;
+  return DeferWindowPos(moves, slot.binding->Window(), after == nullptr ? nullptr : *after, place.rect.x, place.rect.y,
+                        place.rect.width, height, flags);
+}
+
+void FormContent::Enable(const std::vector<Placement>& places) {
+  bool focusLost = false;
+  const HWND focus = GetFocus();
+  for (const Placement& place : places) {
+    Slot& slot = SlotOf(*place.control);
+    if (!slot.binding) continue;
+    const HWND window = slot.binding->Window();
+    const bool holdsFocus = focus != nullptr && (focus == window || IsChild(window, focus));
+    focusLost |= holdsFocus && !(place.visible && place.enabled);
+    if (slot.enabled != place.enabled) EnableWindow(window, place.enabled);
+    slot.enabled = place.enabled;
+  }
+  if (focusLost) SetFocusTo(nullptr);
+}
+
+void FormContent::SetFocusTo(const Control* control) {
+  const Binding* binding = control == nullptr ? nullptr : SlotOf(*control).binding.get();
+  const HWND target = binding != nullptr ? binding->Window() : GetNextDlgTabItem(window_, nullptr, FALSE);
+  SetFocus(target != nullptr ? target : window_);
+  const Slot* slot = SlotOf(target);
+  if (slot != nullptr && dynamic_cast<const TextBox*>(slot->control) != nullptr) {
+    SendMessageW(target, EM_SETSEL, 0, -1);
+  }
+}
+
+void FormContent::Press(Button& button) {
+  const Slot& slot = SlotOf(button);
+  if (slot.visible && slot.enabled) button.Click();
+}
+
+const FormContent::Slot* FormContent::SlotOf(HWND window) const {
+  const auto found = std::find_if(slots_.begin(), slots_.end(), [window](const Slot& slot) {
+    return slot.binding && slot.binding->Window() == window;
+  });
+  return found == slots_.end() ? nullptr : &*found;
+}
+
+std::wstring FormContent::TooltipOf(HWND window) const {
+  const Slot* slot = SlotOf(window);
+  if (slot == nullptr) return {};
+  return slot->control->Tooltip().empty() ? slot->binding->TooltipHere() : slot->control->Tooltip();
+}
+
+void FormContent::HideTooltip() const {
+  if (tooltips_ != nullptr) SendMessageW(tooltips_, TTM_POP, 0, 0);
+}
+
+void FormContent::ForwardToAll(UINT message) const {
+  for (const Slot& slot : slots_) {
+    if (slot.binding) SendMessageW(slot.binding->Window(), message, 0, 0);
+  }
+}
+
+}  // namespace tagrix

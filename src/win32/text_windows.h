@@ -1,0 +1,69 @@
+// Windows of controls that show or take one text: labels, text boxes, combo boxes, frames, progress boxes.
+#ifndef TAGRIX_WIN32_TEXT_WINDOWS_H
+#define TAGRIX_WIN32_TEXT_WINDOWS_H
+
+#include "forms/lists.h"
+#include "forms/texts.h"
+#include "win32/binding.h"
+
+namespace tagrix {
+
+class StaticText : public Binding {
+ public:
+  StaticText(HWND form, Label& label, bool wraps);
+  void Update(Changes changes) override;
+  void SetFonts(const Fonts& fonts) override;
+
+ private:
+  Label& label_;
+  bool wraps_;
+};
+
+class EditField : public Binding {
+ public:
+  EditField(HWND form, TextBox& box);
+  void Update(Changes changes) override;
+  void Command(int code) override;
+
+ private:
+  TextBox& box_;
+};
+
+class DropDown : public Binding {
+ public:
+  DropDown(HWND form, ComboBox& combo);
+  void Update(Changes changes) override;
+  void Command(int code) override;
+  bool TakeKey(WPARAM key) override;
+
+ private:
+  LRESULT Ask(UINT message, WPARAM wParam = 0) const { return SendMessageW(Window(), message, wParam, 0); }
+  void Fill();
+
+  ComboBox& combo_;
+};
+
+class GroupBox : public Binding {
+ public:
+  GroupBox(HWND form, Frame& frame);
+  void Update(Changes changes) override;
+
+ protected:
+  LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  Frame& frame_;
+};
+
+class ProgressBar : public Binding {
+ public:
+  ProgressBar(HWND form, ProgressBox& progress);
+  void Update(Changes changes) override;
+
+ private:
+  ProgressBox& progress_;
+};
+
+}  // namespace tagrix
+
+#endif
