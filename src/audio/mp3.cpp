@@ -23,7 +23,7 @@ constexpr std::size_t kXingFrames = 44;
 using FrameStart = std::array<char, kFrameStart>;
 
 // The codes of the two-bit fields for version and layer; the tables are named by them.
-constexpr const char* kCodes[] = {"0", "3", "2", "1"};
+constexpr std::array<std::string_view, 4> kCodes = {"0", "3", "2", "1"};
 
 constexpr int kRatesVersion1[] = {44100, 48000, 32000};
 constexpr int kRatesVersion27[] = {22050, 24000, 16000};
@@ -55,9 +55,9 @@ Failure CannotMeasure(const std::wstring& path, const wchar_t* reason) {
   return Failure(L"Measure the playing time", path, reason);
 }
 
-int Entry(std::span<const int> table, std::int64_t index, const std::wstring& path) {
-  if (index >= static_cast<std::int64_t>(table.size())) throw CannotMeasure(path, L"The frame header is not valid.");
-  return table[static_cast<std::size_t>(index)];
+int Entry(std::span<const int> table, std::size_t index, const std::wstring& path) {
+  if (index >= table.size()) throw CannotMeasure(path, L"The frame header is not valid.");
+  return table[index];
 }
 
 // The first FF FA or FF FB in `bytes`; the size of `bytes` when there is none.
@@ -98,8 +98,10 @@ std::array<std::uint8_t, 4> FourBytes(const FrameStart& frame, std::size_t at) {
 std::optional<double> BitRate(const FrameStart& frame, std::uint64_t length, const std::wstring& path) {
   std::array<std::uint8_t, 4> bytes = FourBytes(frame, 0);
   const std::string header = BytesToBin(bytes);  // 32 digits, since the first byte is FF
-  const auto field = [&](std::size_t first, std::size_t digits) { return BinToLong(header.substr(first, digits)); };
-  const std::string version = kCodes[field(11, 2)], layer = kCodes[field(13, 2)];
+  const auto field = [&](std::size_t first, std::size_t digits) {
+    return static_cast<std::size_t>(BinToLong(header.substr(first, digits)));
+  };
+  const std::string version(kCodes[field(11, 2)]), layer(kCodes[field(13, 2)]);
   const std::span<const int> samplingRates = SamplingRates(version);
   if (samplingRates.empty()) return {};
   const int samplingRate = Entry(samplingRates, field(20, 2), path);

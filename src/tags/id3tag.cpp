@@ -75,7 +75,7 @@ void ShowStep(Context& context, const wchar_t* step, const std::wstring& path) {
 // What replaces the last bytes of the file: with an old tag all but its mark, without one the mark, too.
 std::string Id3v1Bytes(File& file, bool labelled, const std::string& record, const std::wstring& path) {
   const bool tagged = labelled && HasID3v1(file);
-  const std::string bytes = tagged ? record : std::string(kId3v1Mark) + record;
+  std::string bytes = tagged ? record : std::string(kId3v1Mark) + record;
   if (file.Size() < bytes.size()) throw Failure(L"Write the ID3v1 tag", path, L"The file is too short.");
   return bytes;
 }

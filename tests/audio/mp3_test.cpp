@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <random>
 
 #include "core/failure.h"
@@ -128,7 +129,7 @@ double ReferenceDuration(const std::string& content) {
     if (at(p) != 0xFF || (at(p + 1) != 0xFA && at(p + 1) != 0xFB)) continue;
     const int rate = kRates[at(p + 2) >> 4];
     if (rate == 0 || (at(p + 2) >> 2 & 3) == 3) return kFailure;
-    return static_cast<double>(content.size() * 8 / static_cast<std::size_t>(rate));
+    return std::floor(static_cast<double>(content.size() * 8) / rate);
   }
   return kFalse;
 }

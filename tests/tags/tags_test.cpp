@@ -21,8 +21,8 @@ std::string Bytes(std::initializer_list<int> values) {
 }
 
 std::vector<std::wstring> Styles() {
-  std::vector<std::wstring> styles;
-  for (int i = 0; i < 148; ++i) styles.push_back(L"Style " + std::to_wstring(i));
+  std::vector<std::wstring> styles(148);
+  for (std::size_t i = 0; i < styles.size(); ++i) styles[i] = L"Style " + std::to_wstring(i);
   styles[20] = L"Rock";
   styles[130] = L"ROCK";
   return styles;
