@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 #include "core/failure.h"
 #include "core/helpers.h"
@@ -81,12 +80,15 @@ std::string Id3v1Bytes(File& file, bool labelled, const std::string& record, con
 }
 
 // Copies what stands from `from` to before `to`, letting pending events run.
-void Copy(Context& context, File& source, std::uint64_t from, std::uint64_t to, Temporary& target) {
-  std::vector<char> piece(kPiece);
+void Copy(Context& context, File& source, std::uint64_t from, std::uint64_t to, Temporary& target,
+          const std::wstring& path) {
+  if (from >= to) return;
+  const auto longest = static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, to - from));
+  const auto piece = std::make_unique_for_overwrite<char[]>(longest);
   while (from < to) {
-    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(piece.size(), to - from));
-    if (source.Read(from, piece.data(), count) != count) throw Failure(L"Copy", {}, L"The file has become shorter.");
-    target.Append({piece.data(), count});
+    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(longest, to - from));
+    if (source.Read(from, piece.get(), count) != count) throw Failure(L"Copy", path, L"The file has become shorter.");
+    target.Append({piece.get(), count});
     from += count;
     context.events.DoEvents();
   }
@@ -99,7 +101,7 @@ void Rewrite(Context& context, const std::wstring& path, std::unique_ptr<File> f
   Temporary temporary(context.files, std::wstring(FolderPart(path)) + kTemporaryName);
   temporary.Append(newTag);
   const std::uint64_t end = file->Size() - tail.size();
-  Copy(context, *file, oldTag, end, temporary);
+  Copy(context, *file, oldTag, end, temporary, path);
   if (oldTag > end) tail.remove_prefix(static_cast<std::size_t>(oldTag - end));
   temporary.Append(tail);
   temporary.Finish();

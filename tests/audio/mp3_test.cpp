@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <random>
 
 #include "core/failure.h"
@@ -66,6 +68,17 @@ TEST(Mp3Duration, FollowsTheXingHeaderOfTwoChannels) {
   EXPECT_EQ(Duration(With(XingFile(4000000, std::string_view("\0\0\x13\x88", 4)), 2, "\xF0")), 130612);
   // At offset 21, as in files with one channel, it is not looked for.
   EXPECT_EQ(Duration(With(With(Silence(1000000), 0, "\xFF\xFB\x90"), 21, "Xing")), 62500);
+}
+
+// Files made by an encoder: a quarter of a second or less, 64 kbit/s, about 60 kbit/s, 32 kbit/s with a leading tag.
+TEST(Mp3Duration, MeasuresRealFiles) {
+  const auto duration = [](const char* name) {
+    std::ifstream file(std::string(TAGRIX_MP3_FILES "/") + name, std::ios::binary);
+    return Duration(std::string(std::istreambuf_iterator<char>(file), {}));
+  };
+  EXPECT_EQ(duration("cbr.mp3"), 313);
+  EXPECT_EQ(duration("vbr.mp3"), 288);
+  EXPECT_EQ(duration("tagged.mp3"), 247);
 }
 
 TEST(Mp3Duration, FailsOnReservedValues) {
