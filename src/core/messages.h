@@ -51,6 +51,7 @@ inline constexpr int kUnmerge = 85, kCase = 86, kLowerCase = 87, kUpperCase = 88
 inline constexpr int kSpaces = 91, kMultiSpaces = 92, kCaseFrame = 93, kAddFiles = 94, kAddFolder = 95, kReset = 96;
 inline constexpr int kStart = 97;
 inline constexpr int kBulkSummary = 99;  // %%1%% files renamed, %%2%% files listed
+inline constexpr int kNameBefore = 170, kNameAfter = 171;
 
 // Lister.
 inline constexpr int kInputFolder = 100, kNameColon = 101, kPatternHelp = 102, kRecurseSubfolders = 103;
@@ -71,6 +72,14 @@ inline constexpr int kHttpPort = 138, kTokenLegend = 139, kProxyNameMissing = 14
 // Statistics window.
 inline constexpr int kStatisticsCaption = 142, kMaximumDeviation = 143, kGlobalDeviation = 144;
 inline constexpr int kQuadraticDeviation = 145;
+inline constexpr int kFileColumn = 83, kTimeColumn = 84, kTrackColumn = 151, kDifferenceColumn = 152;
+inline constexpr int kFakeTracks = 153, kDifferenceChart = 154;
+inline constexpr int kMeasuring = 155;  // %%1%% the file's number, %%2%% the number of files
+inline constexpr int kVerdictFits = 156, kVerdictOtherOrder = 157;
+inline constexpr int kVerdictFileMissing = 158;  // %%1%% the track's number
+inline constexpr int kVerdictFileTooMany = 159;  // %%1%% the file's number
+inline constexpr int kVerdictPartlyFits = 160, kVerdictWrongDisc = 161, kVerdictNothing = 162;
+inline constexpr int kUnmeasured = 163, kWithoutFile = 164, kWithoutTrack = 168;
 
 // Burn page.
 inline constexpr int kBurn = 146, kCapacity = 147, kPatternPreview = 148;

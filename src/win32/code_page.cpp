@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <array>
+
 namespace tagrix {
 
 std::string WinCodePage::ToBytes(std::wstring_view text) {
@@ -18,6 +20,13 @@ std::wstring WinCodePage::ToText(std::string_view bytes) {
   std::wstring text(static_cast<size_t>(need), L'\0');
   MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), need);
   return text;
+}
+
+wchar_t WinCodePage::DecimalSeparator() {
+  std::array<wchar_t, 4> separator{};
+  const int length =
+      GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, separator.data(), static_cast<int>(separator.size()));
+  return length > 1 ? separator[0] : L'.';
 }
 
 }  // namespace tagrix

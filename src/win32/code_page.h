@@ -1,4 +1,4 @@
-// The ANSI code page of Windows.
+// The ANSI code page and the number format of Windows.
 #ifndef TAGRIX_WIN32_CODE_PAGE_H
 #define TAGRIX_WIN32_CODE_PAGE_H
 
@@ -10,6 +10,7 @@ class WinCodePage : public CodePage {
  public:
   std::string ToBytes(std::wstring_view text) override;
   std::wstring ToText(std::string_view bytes) override;
+  wchar_t DecimalSeparator() override;
 };
 
 }  // namespace tagrix

@@ -57,6 +57,11 @@ TEST(CodePageContract, MeetsTextAndBytes) {
   EXPECT_EQ(page->ToText(std::string("a\0b", 3)), std::wstring(L"a\0b", 3));
 }
 
+TEST(CodePageContract, KnowsHowNumbersAreWritten) {
+  const wchar_t separator = MakeCodePage()->DecimalSeparator();
+  EXPECT_TRUE(separator == L'.' || separator == L',' || separator > 127) << static_cast<int>(separator);
+}
+
 TEST(ClockContract, TellsAPlausibleYear) {
   const int year = MakeClock()->CurrentYear();
   EXPECT_GE(year, 2000);

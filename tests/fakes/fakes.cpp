@@ -158,10 +158,13 @@ std::wstring TestText(int n) {
     case message::kNewVersion:
     case message::kDownloadComplete:
     case message::kInstallerNotStarted:
+    case message::kVerdictFileMissing:
+    case message::kVerdictFileTooMany:
       return number + L" %%1%%";
     case message::kApplyClash:
     case message::kUndoClash:
     case message::kBulkSummary:
+    case message::kMeasuring:
       return number + L" %%1%% %%2%%";
     case message::kUpToDate:
       return number + L" %%1%% %%2%%.%%3%%.%%4%%";

@@ -1,0 +1,146 @@
+#include "dialogs/comparison.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <utility>
+
+#include "audio/mp3.h"
+#include "core/session.h"
+#include "core/text.h"
+
+namespace tagrix {
+namespace {
+
+using Index = std::size_t;
+
+bool Fits(double file, double track) {
+  return FitOf({.hasFile = true, .hasTrack = true, .file = file, .track = track}) == Fit::Good;
+}
+
+// Four in five: the rest may be other recordings of the tracks.
+bool Most(int part, int whole) { return whole > 0 && part * 5 >= whole * 4; }
+
+int CountGood(const std::vector<Place>& places) {
+  return static_cast<int>(
+      std::count_if(places.begin(), places.end(), [](const Place& place) { return FitOf(place) == Fit::Good; }));
+}
+
+// Whether most files would fit if they were sorted anew.
+bool FitsInOtherOrder(std::vector<Place> places) {
+  std::vector<std::int32_t> files, tracks;
+  for (const Place& place : places) {
+    files.push_back(RoundToInteger(place.file));
+    tracks.push_back(RoundToInteger(place.track / FramesToMilliseconds(1)));
+  }
+  const std::vector<int> order = MatchFiles(files, tracks);
+  for (Index i = 0; i < places.size(); ++i) places[i].file = files[static_cast<Index>(order[i])];
+  return Most(CountGood(places), DeviationsOf(places).compared);
+}
+
+// Whether from that place on most files fit the next track (a file is missing there) or the one before (one too many).
+bool FitsShifted(const std::vector<Place>& places, Index from, bool fileMissing) {
+  int fitting = 0, compared = 0;
+  for (Index i = from; i + 1 < places.size(); ++i) {
+    const double file = places[fileMissing ? i : i + 1].file, track = places[fileMissing ? i + 1 : i].track;
+    if (file == 0 || track == 0) continue;
+    ++compared;
+    if (Fits(file, track)) ++fitting;
+  }
+  return Most(fitting, compared);
+}
+
+}  // namespace
+
+Fit FitOf(const Place& place) {
+  if (!place.hasFile) return Fit::NoFile;
+  if (!place.hasTrack) return Fit::NoTrack;
+  if (place.file == 0 || place.track == 0) return Fit::Unmeasured;
+  const double deviation = std::abs(Difference(place));
+  if (deviation <= kGoodMilliseconds) return Fit::Good;
+  return deviation <= kDoubtfulMilliseconds ? Fit::Doubtful : Fit::Wrong;
+}
+
+std::int32_t MeasureFile(Files& files, const std::wstring& path) {
+  double milliseconds = 0;
+  return GetMP3Duration(files, path, milliseconds) ? RoundToInteger(milliseconds) : 0;
+}
+
+int PlaceCount(const ListBox& files, const ListBox& tracks) { return std::max(files.Count(), tracks.Count()); }
+
+Place PlaceAt(const ListBox& files, const ListBox& tracks, int i) {
+  Place place;
+  if (i < files.Count() && !IsFakeTrack(files.ItemText(i))) {
+    place.hasFile = true;
+    place.file = files.Value(i);
+  }
+  if (i < tracks.Count()) {
+    place.hasTrack = true;
+    place.track = FramesToMilliseconds(tracks.Value(i));
+  }
+  return place;
+}
+
+std::vector<Place> Places(const ListBox& files, const ListBox& tracks) {
+  std::vector<Place> places;
+  for (int i = 0; i < PlaceCount(files, tracks); ++i) places.push_back(PlaceAt(files, tracks, i));
+  return places;
+}
+
+Deviations DeviationsOf(const std::vector<Place>& places) {
+  Deviations result;
+  double sum = 0, squares = 0;
+  for (const Place& place : places) {
+    if (place.file == 0 || place.track == 0) continue;
+    const double deviation = std::abs(Difference(place));
+    ++result.compared;
+    result.maximum = std::max(result.maximum, deviation);
+    sum += deviation;
+    squares += deviation * deviation;
+  }
+  if (result.compared > 0) {
+    result.mean = sum / result.compared;
+    result.quadratic = std::sqrt(squares / result.compared);
+  }
+  return result;
+}
+
+std::vector<int> MatchFiles(std::vector<std::int32_t> files, const std::vector<std::int32_t>& tracks,
+                            const std::function<void(std::size_t tracksDone)>& placed) {
+  std::vector<int> order(files.size());
+  std::iota(order.begin(), order.end(), 0);
+  for (Index i = 0; i < std::min(files.size(), tracks.size()); ++i) {
+    const double track = FramesToMilliseconds(tracks[i]);
+    const auto deviation = [&](Index j) { return RoundToInteger(std::abs(files[j] - track)); };
+    Index best = i;
+    for (Index j = i + 1; j < files.size(); ++j) {
+      if (deviation(j) < deviation(best)) best = j;
+    }
+    std::swap(files[i], files[best]);
+    std::swap(order[i], order[best]);
+    placed(i + 1);
+  }
+  return order;
+}
+
+Diagnosis Diagnose(const std::vector<Place>& places) {
+  const int compared = DeviationsOf(places).compared, good = CountGood(places);
+  if (compared == 0) return {Verdict::Nothing};
+  if (good == compared) return {Verdict::Fits};
+
+  const auto complete = [](const Place& place) { return place.hasFile && place.hasTrack; };
+  if (std::all_of(places.begin(), places.end(), complete)) {
+    if (FitsInOtherOrder(places)) return {Verdict::OtherOrder};
+  } else {
+    const auto first = std::find_if(places.begin(), places.end(), [](const Place& place) {
+      const Fit fit = FitOf(place);
+      return fit == Fit::Doubtful || fit == Fit::Wrong;
+    });
+    const auto from = static_cast<Index>(first - places.begin());
+    if (FitsShifted(places, from, true)) return {Verdict::FileMissing, static_cast<int>(from)};
+    if (FitsShifted(places, from, false)) return {Verdict::FileTooMany, static_cast<int>(from)};
+  }
+  return {good * 2 >= compared ? Verdict::PartlyFits : Verdict::WrongDisc};
+}
+
+}  // namespace tagrix
