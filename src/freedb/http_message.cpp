@@ -1,0 +1,63 @@
+#include "freedb/http_message.h"
+
+#include <algorithm>
+
+#include "core/publisher.h"
+#include "core/text.h"
+
+namespace tagrix {
+namespace {
+
+// The end of the line that `start` is on: the first CR or LF; npos unless the rest holds both.
+size_t LineEnd(std::string_view text, size_t start) {
+  const size_t cr = text.find('\r', start);
+  const size_t lf = text.find('\n', start);
+  return cr == text.npos || lf == text.npos ? text.npos : std::min(cr, lf);
+}
+
+}  // namespace
+
+std::optional<std::wstring> PrepareUrl(std::wstring& url) {
+  constexpr std::wstring_view kPlain = L"http://", kSecure = L"https://", kMark = L"://";
+  url = Trim(url);
+  const bool secure = url.starts_with(kSecure) && url.size() > kSecure.size();
+  if (!url.starts_with(kPlain) && !secure) return std::nullopt;
+  if (url.find_first_of(L"\r\n") != url.npos) return std::nullopt;
+  const size_t start = url.find(kMark) + kMark.size();
+  const size_t slash = url.find(L'/', start + 1);
+  std::wstring host = Trim(std::wstring_view(url).substr(start, slash == url.npos ? slash : slash - start));
+  if (url.ends_with(host)) url += L'/';
+  return host;
+}
+
+std::wstring HttpRequest(const std::wstring& url, const std::wstring& host) {
+  std::wstring request = L"GET " + url + L" HTTP/1.0\r\n";
+  request += L"Accept: */*\r\n";
+  request.append(L"User-Agent: ").append(publisher::kProduct).append(L"\r\n");
+  request += L"Host: " + host + L"\r\n";
+  request.append(L"Referer: ").append(publisher::kWebSite).append(L"\r\n");
+  return request + L"\r\n";
+}
+
+HttpVerdict JudgeAnswer(std::string_view answer) {
+  constexpr size_t kVersion = 8;  // "HTTP/1.0"
+  const size_t end = LineEnd(answer, 0);
+  if (end == answer.npos) return HttpVerdict::Page;
+  std::string_view status = answer.substr(0, end + 1);
+  status.remove_prefix(std::min(kVersion, status.size()));
+  status.remove_prefix(std::min(status.find_first_not_of(' '), status.size()));
+  if (status.size() <= 3 || status.starts_with("200")) return HttpVerdict::Page;
+  return status.starts_with("302") ? HttpVerdict::Redirect : HttpVerdict::Failed;
+}
+
+std::optional<std::string_view> RedirectTarget(std::string_view answer) {
+  constexpr std::string_view kLocation = "Location:";
+  const size_t at = answer.find(kLocation);
+  if (at == answer.npos) return std::nullopt;
+  const size_t start = at + kLocation.size();
+  const size_t end = LineEnd(answer, start);
+  if (end == answer.npos) return std::nullopt;
+  return answer.substr(start, end - start);
+}
+
+}  // namespace tagrix

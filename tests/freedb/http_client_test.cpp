@@ -1,0 +1,221 @@
+#include "freedb/http_client.h"
+
+#include <gtest/gtest.h>
+
+#include "core/failure.h"
+#include "fakes/fakes.h"
+
+namespace tagrix {
+namespace {
+
+constexpr const char* kOk = "HTTP/1.0 200 OK\r\nContent-Type: text/plain\r\n\r\nbody";
+
+struct Http : testing::Test {
+  Http() { Answer(kOk); }
+  void Answer(const std::string& answer) {
+    test.socket.serve = [answer](const std::string&) { return answer; };
+  }
+  std::string Get(std::wstring url) { return http.GetWebSite(url); }
+  std::string RequestLine(size_t i) {
+    return test.socket.requests.at(i).substr(0, test.socket.requests.at(i).find('\r'));
+  }
+
+  TestContext test;
+  HttpClient http{test.context};
+};
+
+TEST_F(Http, SendsTheAbsoluteAddress) {
+  std::wstring url = L"  http://host.example  ";
+  EXPECT_EQ(http.GetWebSite(url), kOk);
+  EXPECT_EQ(url, L"http://host.example/");
+  EXPECT_EQ(test.socket.requests, (std::vector<std::string>{"GET http://host.example/ HTTP/1.0\r\n"
+                                                            "Accept: */*\r\n"
+                                                            "User-Agent: Tagrix\r\n"
+                                                            "Host: host.example\r\n"
+                                                            "Referer: http://www.tagrix.example\r\n"
+                                                            "\r\n"}));
+}
+
+TEST_F(Http, TakesTheHostFromTheAddress) {
+  const struct {
+    const wchar_t *url, *asked, *host;
+  } table[] = {
+      {L"http://h", L"http://h/", L"h"},         {L"http://h/p?q=http://x/", L"http://h/p?q=http://x/", L"h"},
+      {L"https://h/p", L"https://h/p", L"h"},    {L"http://h /p", L"http://h /p", L"h"},
+      {L"http://h/x/h", L"http://h/x/h/", L"h"},  // only its end is looked at
+      {L"http:///p", L"http:///p/", L"/p"},
+  };
+  for (const auto& [url, asked, host] : table) {
+    std::wstring rewritten = url;
+    EXPECT_EQ(http.GetWebSite(rewritten), kOk);
+    EXPECT_EQ(rewritten, asked);
+    EXPECT_EQ(test.socket.host, host);
+  }
+}
+
+TEST_F(Http, RefusesWhatIsNoAddress) {
+  for (const wchar_t* url : {L"", L"http:/", L"https://", L"host.example/path", L"HTTP://host.example/",
+                             L"ftp://host/x", L"http://h/a\r\nX: y"}) {
+    EXPECT_EQ(Get(url), "");
+  }
+  EXPECT_EQ(test.socket.host, L"");
+}
+
+TEST_F(Http, ConnectsAsTheSettingsSay) {
+  const struct {
+    const wchar_t *use, *proxyPort, *httpPort, *host;
+    int port;
+  } table[] = {
+      {L"", L"", L"", L"h", 80},          {L"1 ", L" 3128 ", L"81", L"proxy", 3128},
+      {L"1", L"", L"81", L"proxy", 80},   {L"1", L"0", L"81", L"proxy", 80},
+      {L"1", L"-8", L"81", L"proxy", 80}, {L"true", L"3128", L"8080x", L"h", 8080},
+      {L"0", L"3128", L"port", L"h", 80}, {L"0", L"99999", L"32767", L"h", 32767},
+  };
+  test.context.settings.Put(L"ProxyName", L" proxy ");
+  for (const auto& [use, proxyPort, httpPort, host, port] : table) {
+    test.context.settings.Put(L"UseProxy", use);
+    test.context.settings.Put(L"ProxyPort", proxyPort);
+    test.context.settings.Put(L"HTTPPort", httpPort);
+    EXPECT_EQ(Get(L"http://h/"), kOk);
+    EXPECT_EQ(test.socket.host, host);
+    EXPECT_EQ(test.socket.port, port);
+  }
+  test.context.settings.Put(L"HTTPPort", L"32768");
+  EXPECT_THROW(Get(L"http://h/"), Failure);
+  EXPECT_FALSE(IsBusy(test.context));
+}
+
+TEST_F(Http, JudgesTheStatusLine) {
+  for (const char* page :
+       {"HTTP/1.1 200 OK\r\n\r\n", "HTTP/1.0 2000\r\n", "HTTP/1.0 404 Not Found\n\nlines end in LF only",
+        "HTTP/1.0\r\n", "HTTP/1.0 404", "HTTP/1.0  40\r\n", "hello\r\n", "\n\r404 404 404", ""}) {
+    Answer(page);
+    EXPECT_EQ(Get(L"http://h/"), page);
+  }
+  for (const char* failed :
+       {"HTTP/1.0 404\r\n", "HTTP/1.1 404 Not Found\r\n\r\nbody", "HTTP/1.0 301 Moved\r\nLocation: x\r\n",
+        "HTTP/1.0 500 200\r\n", "210 rock 47013c08 entry follows\r\n", "HTTP/1.0 302 Found\r\n\r\n",
+        "HTTP/1.0 302 Found\r\nlocation: http://x/\r\n", "HTTP/1.0 302 Found\r\nLocation: http://x/"}) {
+    Answer(failed);
+    EXPECT_EQ(Get(L"http://h/"), "") << failed;
+    EXPECT_FALSE(IsBusy(test.context));
+  }
+}
+
+TEST_F(Http, FollowsRedirects) {
+  test.socket.serve = [&](const std::string& request) -> std::string {
+    EXPECT_TRUE(IsBusy(test.context));
+    if (request.starts_with("GET http://a/ ")) return "HTTP/1.0 302 Found\r\nLocation: http://b/1\r\n\r\n";
+    if (request.starts_with("GET http://b/1 ")) return "HTTP/1.0 302\r\nLocation:http://c\r\n\r\n";
+    return kOk;
+  };
+  std::wstring url = L"http://a";
+  EXPECT_EQ(http.GetWebSite(url), kOk);
+  EXPECT_EQ(url, L"http://c/");
+  EXPECT_EQ(test.socket.host, L"c");
+  EXPECT_EQ(test.socket.requests.size(), 3u);
+  // To itself: refused when nothing precedes the address, asked again when a blank does.
+  Answer("HTTP/1.0 302 Found\r\nLocation:http://d/\r\n\r\n");
+  EXPECT_EQ(Get(L"http://d/"), "");
+  EXPECT_EQ(test.socket.requests.size(), 4u);
+  test.socket.serve = [n = 0](const std::string&) mutable {
+    return ++n < 3 ? "HTTP/1.0 302 Found\r\nLocation: http://d/\r\n\r\n" : kOk;
+  };
+  EXPECT_EQ(Get(L"http://d/"), kOk);
+}
+
+TEST_F(Http, LeavesAnEndlessRedirectWheneverTheUserCancels) {
+  Answer("HTTP/1.0 302 Found\r\nLocation: http://a/\r\n\r\n");
+  for (int round = 0; round < 12; ++round) {
+    test.socket.requests.clear();
+    test.context.cancelled = false;
+    test.events.eachTime = [&, left = round]() mutable {
+      if (test.socket.requests.size() >= 3 && left-- == 0) test.context.cancelled = true;  // pressed once
+    };
+    EXPECT_EQ(Get(L"http://a/"), "");
+    EXPECT_LE(test.socket.requests.size(), 8u);
+  }
+}
+
+TEST_F(Http, IsCancelledWhileItReceivesOnly) {
+  test.events.eachTime = [&] { test.context.cancelled = test.socket.requests.empty(); };
+  EXPECT_EQ(Get(L"http://a/"), kOk);
+
+  test.socket.closeAfterAnswer = false;
+  Answer("HTTP/1.0 200 OK\r\n\r\nsome");
+  test.events.eachTime = [&] {
+    if (test.context.status_lbl.Text() == L"Downloading : 0.07 Kb") test.context.cancelled = true;
+  };
+  EXPECT_EQ(Get(L"http://a/"), "");
+  EXPECT_FALSE(IsBusy(test.context));
+  std::string kept;
+  http.WaitFor("", &kept);
+  EXPECT_EQ(kept, "HTTP/1.0 200 OK\r\n\r\nsome");
+}
+
+TEST_F(Http, YieldsNothingWithoutAConnection) {
+  test.socket.serve = nullptr;
+  EXPECT_EQ(Get(L"http://a/"), "");
+  EXPECT_EQ(test.socket.State(), SocketState::Closed);
+  EXPECT_FALSE(IsBusy(test.context));
+}
+
+TEST_F(Http, ShowsHowMuchHasCome) {
+  Answer(std::string(12800, 'x'));
+  Get(L"http://a/");
+  EXPECT_EQ(test.context.status_lbl.Text(), L"Downloading : 12.50 Kb");
+  Answer(std::string(128, 'x'));
+  Get(L"http://a/");
+  EXPECT_EQ(test.context.status_lbl.Text(), L"Downloading : 12.63 Kb");  // goes on counting
+  http.ResetReceivedCount();
+  Get(L"http://a/");
+  EXPECT_EQ(test.context.status_lbl.Text(), L"Downloading : 0.13 Kb");
+}
+
+TEST_F(Http, SleepsThroughNoEvent) {
+  const auto start = test.events.ticks;
+  Get(L"http://a/");
+  EXPECT_EQ(test.events.ticks, start);
+}
+
+struct Lines : Http {
+  Lines() {
+    test.socket.closeAfterAnswer = false;
+    test.socket.Connect(L"mail", 25);
+    while (test.socket.State() != SocketState::Connected) test.events.DoEvents();
+  }
+};
+
+TEST_F(Lines, AreSentAndAwaited) {
+  Answer("250 fine\r\n");
+  EXPECT_TRUE(http.Send("HELO"));
+  EXPECT_EQ(test.socket.requests.back(), "HELO\r\n");
+  std::string reply;
+  EXPECT_TRUE(http.WaitFor("220\r\n250", &reply));
+  EXPECT_EQ(reply, "250 fine\r\n");
+  EXPECT_EQ(test.events.ticks, 1000u);
+  // Forgotten by now; a wrong line and an unfinished one are waited for in vain.
+  for (const char* answer : {"", "550 no\r\n", "250 unfinished"}) {
+    Answer(answer);
+    EXPECT_TRUE(http.Send("NOOP"));
+    const auto start = test.events.ticks;
+    EXPECT_FALSE(http.WaitFor("220\r\n250", &reply)) << answer;
+    EXPECT_EQ(test.events.ticks, start + 5000);
+    EXPECT_EQ(reply, answer);
+  }
+}
+
+TEST_F(Lines, EndWithTheConnectionOrTheUser) {
+  test.context.cancelled = true;
+  EXPECT_FALSE(http.WaitFor("250"));
+  EXPECT_FALSE(http.Send("NOOP"));
+  test.context.cancelled = false;
+  http.ErrorOccured();
+  EXPECT_EQ(test.socket.State(), SocketState::Closed);
+  EXPECT_FALSE(http.WaitFor("250"));
+  EXPECT_FALSE(http.Send("NOOP"));
+  EXPECT_EQ(test.socket.requests.size(), 1u);
+}
+
+}  // namespace
+}  // namespace tagrix
