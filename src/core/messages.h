@@ -82,7 +82,8 @@ inline constexpr int kVerdictPartlyFits = 160, kVerdictWrongDisc = 161, kVerdict
 inline constexpr int kUnmeasured = 163, kWithoutFile = 164, kWithoutTrack = 168;
 
 // Burn page.
-inline constexpr int kBurn = 146, kCapacity = 147, kPatternPreview = 148;
+inline constexpr int kBurn = 146, kCapacity = 147, kPatternPreview = 148, kBurning = 176;
+inline constexpr int kMoveUp = 140, kMoveDown = 116;
 
 // Updater.
 inline constexpr int kLookingForUpdate = 149;
