@@ -12,8 +12,11 @@
 
 namespace {
 
+// Clients may hold a port as a signed 16-bit integer.
+constexpr int kFirstPort = 18080, kLastPort = 32767;
+
 struct Options {
-  int port = 0;  // 0: any free one
+  int port = 0;  // 0: the first free one
   std::string folder;
 };
 
@@ -53,16 +56,28 @@ void Serve(httplib::Server& server, const std::vector<discserver::Record>& recor
   });
 }
 
+// Binds the port asked for, or the first free one. Returns it, 0 when it is taken.
+int Bind(httplib::Server& server, const std::string& host, int port) {
+  // Without the library's own option, by which two servers may share a port.
+  server.set_socket_options([](socket_t socket) {
+    const int yes = 1;
+    setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+  });
+  if (port != 0) return server.bind_to_port(host, port) ? port : 0;
+  for (port = kFirstPort; port <= kLastPort; ++port) {
+    if (server.bind_to_port(host, port)) return port;
+  }
+  return 0;
+}
+
 int Run(const Options& options) {
   const std::vector<discserver::Record> records = discserver::LoadRecords(options.folder);
   httplib::Server server;
   Serve(server, records);
   server.set_keep_alive_max_count(1);
   const std::string host = "127.0.0.1";
-  const int port = options.port == 0                         ? server.bind_to_any_port(host)
-                   : server.bind_to_port(host, options.port) ? options.port
-                                                             : -1;
-  if (port < 0) {
+  const int port = Bind(server, host, options.port);
+  if (port == 0) {
     std::cerr << "discserver: port " << options.port << " is not free\n";
     return 1;
   }
