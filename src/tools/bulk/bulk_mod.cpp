@@ -1,0 +1,216 @@
+#include "tools/bulk/bulk_mod.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "core/dispatch.h"
+#include "core/helpers.h"
+#include "core/messages.h"
+#include "core/paths.h"
+#include "core/text.h"
+#include "dialogs/add_files.h"
+#include "dialogs/folder_chooser.h"
+
+namespace tagrix {
+namespace {
+
+void ShowBulkProgress(BulkPage& page, Context& context, int percent) {
+  page.bulk_cur_bar.SetPercent(percent);
+  page.bulk_cur_hst.SetText(percent == 0 ? std::wstring() : std::to_wstring(percent) + L" %");
+  context.events.DoEvents();
+}
+
+// The page while it works through its list: nothing that would change the list or the rules.
+class Working {
+ public:
+  Working(BulkPage& page, Context& context) : page_(page), context_(context) { Set(true); }
+  ~Working() { Set(false); }
+  Working(const Working&) = delete;
+  Working& operator=(const Working&) = delete;
+
+ private:
+  void Set(bool working) {
+    SetBusy(context_, working);
+    for (Frame* frame : {&page_.bulk_list_frm, &page_.bulk_rules_frm}) frame->SetEnabled(!working);
+    page_.bulk_cur_bar.SetPercent(0);
+    page_.bulk_cur_hst.SetText({});
+    SetStatus(context_, {});
+  }
+  BulkPage& page_;
+  Context& context_;
+};
+
+// Renames the file of entry `i` if the rules change its name. True when they do, whatever the file system says: the
+// list shows the name that was meant.
+bool CleanEntry(BulkPage& page, Context& context, const CleaningRules& rules, int i) {
+  const std::wstring path = page.bulk_lst.ItemText(i);
+  page.bulk_undo_lst.Add(path);
+  const auto found = context.files.Find(path);
+  if (!found || found->folder) return false;
+  const std::wstring name = CleanedName(found->name, rules);
+  if (name == found->name) return false;
+  const std::wstring folder = path.substr(0, path.size() - std::min(path.size(), found->name.size()));
+  RenameFile(context, folder + found->name, folder + name);
+  page.bulk_lst.SetItemText(i, folder + name);
+  return true;
+}
+
+// How many names the rules changed; less than 0 when the user cancelled.
+int CleanEntries(BulkPage& page, Context& context, const CleaningRules& rules) {
+  const int count = page.bulk_lst.Count();
+  int changed = 0;
+  for (int i = 0; i < count; ++i) {
+    if (context.cancelled) return -1;
+    SetStatus(context, DoubleAmpersands(page.bulk_lst.ItemText(i)));
+    if (CleanEntry(page, context, rules, i)) ++changed;
+    ShowBulkProgress(page, context, Percentage(i + 1, count));
+  }
+  return changed;
+}
+
+void RestoreEntry(BulkPage& page, Context& context, int i) {
+  const std::wstring current = page.bulk_lst.ItemText(i), former = page.bulk_undo_lst.ItemText(i);
+  if (current == former) return;
+  if (EqualIgnoringCase(current, former) || !FileExists(context, former)) {
+    RenameFile(context, current, former);
+    page.bulk_lst.SetItemText(i, former);
+  } else {
+    context.prompts.Message(FillMessage(context.Text(message::kUndoClash), {former, current}));
+  }
+}
+
+std::wstring Cell(const BulkPage& page, int row, int column) {
+  const std::wstring& path = page.bulk_lst.ItemText(row);
+  switch (column) {
+    case 0:
+      return std::wstring(FileNamePart(path));
+    case 1:
+      return TickedRules(page) == CleaningRules() ? std::wstring() : CleanedName(FileNamePart(path), TickedRules(page));
+    default:
+      return WithoutBackslash(std::wstring(FolderPart(path)));
+  }
+}
+
+RowMark Mark(const BulkPage& page, int row) {
+  const std::wstring_view name = FileNamePart(page.bulk_lst.ItemText(row));
+  const CleaningRules rules = TickedRules(page);
+  return rules != CleaningRules() && CleanedName(name, rules) != name ? RowMark::Changed : RowMark::None;
+}
+
+void RulesChanged(BulkPage& page) {
+  page.case_frm.SetEnabled(page.case_chk.Checked());
+  for (OptionButton* option : page.cases) option->SetEnabled(page.case_chk.Checked());
+  UpdateBulkGo(page);
+  page.bulk_lst.Refresh();
+}
+
+void WireRule(BulkPage& page, Context& context, CheckBox& rule, CheckBox* excluded = nullptr) {
+  rule.clicked = Notice(context, [&page, &rule, excluded] {
+    if (excluded != nullptr && rule.Checked()) excluded->SetChecked(false);
+    RulesChanged(page);
+  });
+}
+
+}  // namespace
+
+void InitBulkPage(BulkPage& page, Context& context) {
+  page.add_btn.clicked = Command(context, [&] { AddBulkFiles(page, context); });
+  page.addfolder_btn.clicked = Command(context, [&] { AddBulkFolder(page, context); });
+  page.Command3.clicked = Command(context, [&] { DeleteBulkFiles(page); });
+  page.reset_btn.clicked = Command(context, [&] { ResetBulk(page); });
+  page.bulk_go_btn.clicked = Command(context, [&] { RunBulkRename(page, context); });
+  page.bulk_undo_btn.clicked = Command(context, [&] { UndoBulkRename(page, context); });
+  page.bulk_lst.keyPressed = [&](ListKey key) {
+    if (key == ListKey::Delete) page.Command3.Click();
+  };
+
+  WireRule(page, context, page.space_chk, &page.under_chk);
+  WireRule(page, context, page.under_chk, &page.space_chk);
+  WireRule(page, context, page.merge_chk, &page.unmerge_chk);
+  WireRule(page, context, page.unmerge_chk, &page.merge_chk);
+  WireRule(page, context, page.multi_chk);
+  WireRule(page, context, page.case_chk);
+  for (OptionButton* option : page.cases) option->clicked = Notice(context, [&] { RulesChanged(page); });
+
+  page.bulk_lst.cell = [&](int row, int column) { return Cell(page, row, column); };
+  page.bulk_lst.mark = [&](int row) { return Mark(page, row); };
+  page.bulk_lst.itemTooltips = true;
+  page.fluc_rdo.Choose();
+  RulesChanged(page);
+  page.bulk_undo_btn.SetEnabled(false);
+}
+
+void AddBulkFiles(BulkPage& page, Context& context) {
+  page.bulk_lst.Append(
+      ChooseFiles(context, {{L"MP3 Files", L"*.mp3"}, {L"OGG Files", L"*.ogg"}, MediaFilter(L"All Media files")}));
+  UpdateBulkGo(page);
+}
+
+void AddBulkFolder(BulkPage& page, Context& context) {
+  ChooseFolder(context, ChooserMode::BulkFiles, {.files = &page.bulk_lst});
+  UpdateBulkGo(page);
+}
+
+void DeleteBulkFiles(BulkPage& page) {
+  page.bulk_lst.RemoveSelected();
+  UpdateBulkGo(page);
+  page.bulk_undo_btn.SetEnabled(false);  // the former names don't line up any more
+}
+
+void ResetBulk(BulkPage& page) {
+  page.bulk_lst.Clear();
+  UpdateBulkGo(page);
+  page.bulk_undo_btn.SetEnabled(false);
+}
+
+void RunBulkRename(BulkPage& page, Context& context) {
+  context.cancelled = false;
+  page.bulk_undo_btn.SetEnabled(false);
+  page.bulk_undo_lst.Clear();
+  const Working working(page, context);
+  const int changed = CleanEntries(page, context, TickedRules(page));
+  if (changed < 0) {
+    SetStatus(context, {});
+    ShowCancelMessage(context);
+    return;
+  }
+  page.bulk_undo_btn.SetEnabled(true);
+  ShowBulkProgress(page, context, 0);
+  const std::wstring summary = FillMessage(context.Text(message::kBulkSummary),
+                                           {std::to_wstring(changed), std::to_wstring(page.bulk_lst.Count())});
+  context.prompts.Message(context.Text(message::kDone) + L"\r\n\r\n" + summary);
+}
+
+void UndoBulkRename(BulkPage& page, Context& context) {
+  const Working working(page, context);
+  // Files added after the run have no former name.
+  const int count = std::min(page.bulk_lst.Count(), page.bulk_undo_lst.Count());
+  for (int i = 0; i < count; ++i) {
+    RestoreEntry(page, context, i);
+    ShowBulkProgress(page, context, Percentage(i + 1, count));
+  }
+  page.bulk_undo_btn.SetEnabled(false);
+}
+
+void UpdateBulkGo(BulkPage& page) {
+  const bool ticked = page.case_chk.Checked() || page.space_chk.Checked() || page.under_chk.Checked() ||
+                      page.multi_chk.Checked() || page.unmerge_chk.Checked() || page.merge_chk.Checked();
+  page.bulk_go_btn.SetEnabled(page.bulk_lst.Count() > 0 && ticked);
+}
+
+CleaningRules TickedRules(const BulkPage& page) {
+  CleaningRules rules{.multipleSpaces = page.multi_chk.Checked(),
+                      .unmerge = page.unmerge_chk.Checked(),
+                      .merge = page.merge_chk.Checked(),
+                      .underscores = page.under_chk.Checked(),
+                      .spaces = page.space_chk.Checked()};
+  if (page.case_chk.Checked()) {
+    rules.letterCase = page.uc_rdo.Checked()   ? CaseRule::Upper
+                       : page.lc_rdo.Checked() ? CaseRule::Lower
+                                               : CaseRule::Capitals;
+  }
+  return rules;
+}
+
+}  // namespace tagrix

@@ -1,0 +1,172 @@
+#include "tools/bulk/bulk_mod.h"
+
+#include <gtest/gtest.h>
+
+#include "core/messages.h"
+#include "fakes/fakes.h"
+
+namespace tagrix {
+namespace {
+
+using Paths = std::vector<std::wstring>;
+
+struct Bulk : testing::Test, TestContext {
+  Bulk() {
+    InitBulkPage(page, context);
+    TranslateBulkPage(page, context);
+  }
+  void Add(const Paths& paths) {
+    for (const std::wstring& path : paths) {
+      files.Put(path, "was " + codePage.ToBytes(path));
+      page.bulk_lst.Add(path);
+    }
+    UpdateBulkGo(page);
+  }
+  Paths Items() {
+    Paths paths;
+    for (int i = 0; i < page.bulk_lst.Count(); ++i) paths.push_back(page.bulk_lst.ItemText(i));
+    return paths;
+  }
+  BulkPage page;
+};
+
+TEST_F(Bulk, StartsWithNothingToDo) {
+  EXPECT_TRUE(page.fluc_rdo.Checked());
+  EXPECT_FALSE(page.fluc_rdo.Enabled() || page.case_frm.Enabled());
+  EXPECT_FALSE(page.bulk_go_btn.Enabled() || page.bulk_undo_btn.Enabled());
+  EXPECT_EQ(page.merge_chk.Text(), L"Merge title (ie : AnOdeToNoOne ->  An Ode To No One)");
+}
+
+TEST_F(Bulk, StartNeedsFilesAndARule) {
+  page.multi_chk.Click();
+  EXPECT_FALSE(page.bulk_go_btn.Enabled());
+  Add({L"C:\\m\\a.mp3"});
+  EXPECT_TRUE(page.bulk_go_btn.Enabled());
+  page.multi_chk.Click();
+  EXPECT_FALSE(page.bulk_go_btn.Enabled());
+  page.case_chk.Click();
+  EXPECT_TRUE(page.bulk_go_btn.Enabled() && page.case_frm.Enabled() && page.lc_rdo.Enabled());
+  page.bulk_lst.Select(0);
+  page.bulk_lst.PressKey(ListKey::Delete);
+  EXPECT_EQ(page.bulk_lst.Count(), 0);
+  EXPECT_FALSE(page.bulk_go_btn.Enabled());
+}
+
+TEST_F(Bulk, OppositeRulesExcludeEachOther) {
+  for (const auto& [first, second] :
+       {std::pair(&page.space_chk, &page.under_chk), {&page.merge_chk, &page.unmerge_chk}}) {
+    first->Click();
+    second->Click();
+    EXPECT_TRUE(second->Checked() && !first->Checked());
+    first->Click();
+    EXPECT_TRUE(first->Checked() && !second->Checked());
+    first->Click();
+    EXPECT_FALSE(first->Checked() || second->Checked());
+  }
+}
+
+TEST_F(Bulk, PreviewsWhatTheRunDoes) {
+  Add({L"C:\\m\\an ode.mp3", L"C:\\m\\Fine.mp3"});
+  const auto after = [&](int row) { return page.bulk_lst.cell(row, 1); };
+  EXPECT_EQ(page.bulk_lst.cell(0, 0), L"an ode.mp3");
+  EXPECT_EQ(page.bulk_lst.cell(0, 2), L"C:\\m");
+  EXPECT_EQ(after(0), L"");
+  EXPECT_EQ(page.bulk_lst.mark(0), RowMark::None);
+  page.case_chk.Click();
+  EXPECT_EQ(after(0), L"An Ode.mp3");
+  EXPECT_EQ(page.bulk_lst.mark(0), RowMark::Changed);
+  EXPECT_EQ(after(1), L"Fine.mp3");
+  EXPECT_EQ(page.bulk_lst.mark(1), RowMark::None);
+  page.uc_rdo.Click();
+  EXPECT_EQ(after(0), L"AN ODE.mp3");
+  page.bulk_go_btn.Click();
+  EXPECT_EQ(files.Content(L"C:\\m\\AN ODE.mp3"), "was C:\\m\\an ode.mp3");
+}
+
+TEST_F(Bulk, RenamesAndGivesTheNamesBack) {
+  const Paths before = {L"C:\\m\\a b.mp3", L"C:\\m\\x.mp3", L"C:\\n\\c d.mp3", L"C:\\gone e.mp3", L"C:\\n\\A B"};
+  Add(before);
+  files.Delete(L"C:\\gone e.mp3");
+  files.Put(L"C:\\n\\c_d.mp3", "other");
+  page.space_chk.Click();
+  page.bulk_go_btn.Click();
+
+  // The list shows what was meant even where it was refused.
+  const Paths after = {L"C:\\m\\a_b.mp3", L"C:\\m\\x.mp3", L"C:\\n\\c_d.mp3", L"C:\\gone e.mp3", L"C:\\n\\A B"};
+  EXPECT_EQ(Items(), after);
+  EXPECT_EQ(prompts.messages, (Paths{L"<169> C:\\n\\c_d.mp3", L"<51>\r\n\r\n<99> 2 5"}));
+  EXPECT_EQ(files.Content(L"C:\\m\\a_b.mp3"), "was C:\\m\\a b.mp3");
+  EXPECT_EQ(files.Content(L"C:\\n\\c d.mp3"), "was C:\\n\\c d.mp3");
+  EXPECT_FALSE(context.busy);
+  EXPECT_EQ(context.status_lbl.Text(), L"");
+  EXPECT_TRUE(page.bulk_undo_btn.Enabled() && page.bulk_rules_frm.Enabled() && page.bulk_list_frm.Enabled());
+
+  Add({L"C:\\m\\added later.mp3"});
+  page.bulk_undo_btn.Click();
+  EXPECT_EQ(Items(), (Paths{L"C:\\m\\a b.mp3", L"C:\\m\\x.mp3", L"C:\\n\\c_d.mp3", L"C:\\gone e.mp3", L"C:\\n\\A B",
+                            L"C:\\m\\added later.mp3"}));
+  EXPECT_EQ(prompts.messages.back(), L"<46> C:\\n\\c d.mp3 C:\\n\\c_d.mp3");
+  EXPECT_EQ(files.Content(L"C:\\m\\a b.mp3"), "was C:\\m\\a b.mp3");
+  EXPECT_EQ(files.Content(L"C:\\n\\c_d.mp3"), "other");
+  EXPECT_FALSE(page.bulk_undo_btn.Enabled());
+}
+
+TEST_F(Bulk, ChangesLetterCaseBothWays) {
+  Add({L"C:\\M\\a song.MP3"});
+  page.bulk_lst.SetItemText(0, L"C:\\M\\A song.mp3");  // spelled unlike the file
+  page.case_chk.Click();
+  page.bulk_go_btn.Click();
+  EXPECT_EQ(files.Find(L"C:\\m\\a song.mp3")->name, L"A Song.mp3");
+  page.bulk_undo_btn.Click();
+  EXPECT_EQ(files.Find(L"C:\\m\\a song.mp3")->name, L"A song.mp3");
+}
+
+TEST_F(Bulk, CancelKeepsWhatIsDoneAndOffersNoUndo) {
+  Add({L"C:\\m\\a b.mp3", L"C:\\m\\c d.mp3", L"C:\\m\\e f.mp3"});
+  page.space_chk.Click();
+  page.bulk_go_btn.Click();
+  page.bulk_undo_btn.Click();
+
+  page.bulk_go_btn.Click();
+  EXPECT_TRUE(page.bulk_undo_btn.Enabled());
+  page.space_chk.Click();
+  page.under_chk.Click();
+  int rounds = 0;
+  events.eachTime = [&] {
+    EXPECT_TRUE(context.busy);
+    page.reset_btn.Click();  // refused
+    if (++rounds == 2) context.cancelled = true;
+  };
+  page.bulk_go_btn.Click();
+  events.eachTime = nullptr;
+  EXPECT_EQ(Items(), (Paths{L"C:\\m\\a b.mp3", L"C:\\m\\c d.mp3", L"C:\\m\\e_f.mp3"}));
+  EXPECT_TRUE(files.Has(L"C:\\m\\c d.mp3") && files.Has(L"C:\\m\\e_f.mp3"));
+  EXPECT_EQ(prompts.messages.back(), TestText(message::kCancelled));
+  EXPECT_FALSE(page.bulk_undo_btn.Enabled() || context.busy);
+  EXPECT_EQ(page.bulk_cur_bar.Percent(), 0);
+}
+
+TEST_F(Bulk, CollectsFilesAndForgetsThem) {
+  files.Put(L"C:\\m\\a.mp3");
+  files.Put(L"C:\\m\\b.ogg");
+  page.under_chk.Click();
+  prompts.openFiles = {L"C:\\m", {L"b.ogg", L"a.mp3"}};
+  page.add_btn.Click();
+  page.add_btn.Click();
+  EXPECT_EQ(page.bulk_lst.Count(), 4);
+  ASSERT_EQ(prompts.lastRequest.filters.size(), 3U);
+  EXPECT_EQ(prompts.lastRequest.filters[0].patterns, L"*.mp3");
+  EXPECT_EQ(prompts.lastRequest.filters[2].label, L"All Media files (*.mp3; *.ogg; *.vqf; *.ape; *.mpc; *.wma; *.wav)");
+  EXPECT_TRUE(page.bulk_go_btn.Enabled());
+  page.bulk_go_btn.Click();
+  page.reset_btn.Click();
+  EXPECT_FALSE(page.bulk_go_btn.Enabled() || page.bulk_undo_btn.Enabled());
+
+  prompts.dialogs.emplace_back([](Form& form) { Find<Button>(form.layout, "ok_btn").Click(); });
+  page.addfolder_btn.Click();
+  EXPECT_EQ(Items(), (Paths{L"C:\\m\\a.mp3", L"C:\\m\\b.ogg"}));
+  EXPECT_TRUE(page.bulk_go_btn.Enabled());
+}
+
+}  // namespace
+}  // namespace tagrix
