@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "core/helpers.h"
+#include "core/messages.h"
 #include "core/text.h"
+#include "dialogs/autosort.h"
 #include "dialogs/folder_chooser.h"
 
 namespace tagrix {
@@ -37,6 +39,13 @@ void MoveEntry(AlbumPage& page, int from, int to) {
   }
   list.SelectOnly(to);
   UpdateFileButtons(page);
+}
+
+bool HoldsFake(const ListBox& list) {
+  for (int i = 0; i < list.Count(); ++i) {
+    if (IsFakeTrack(list.ItemText(i))) return true;
+  }
+  return false;
 }
 
 void MoveSelected(AlbumPage& page, int by) {
@@ -81,6 +90,17 @@ void ClearFiles(AlbumPage& page) {
 
 void AddFake(AlbumPage& page) {
   page.mp3_lst.Add(kFakeTrack);
+  UpdateFileButtons(page);
+}
+
+void AutoSortClicked(AlbumPage& page, Context& context) {
+  const ListBox& list = page.mp3_lst;
+  if (list.Count() == 0) return;
+  if (HoldsFake(list) || list.Count() != page.new_lst.Count()) {
+    context.prompts.Message(context.Text(message::kAutoSortGate));
+    return;
+  }
+  AutoSort(context, page.path_txt.Text(), page.mp3_lst, page.new_lst);
   UpdateFileButtons(page);
 }
 

@@ -22,6 +22,10 @@ void ClearFiles(AlbumPage& page);
 // Appends a stand-in for a track without a file.
 void AddFake(AlbumPage& page);
 
+// Opens Auto Sort when the list has no fake entry and as many entries as the disc has tracks; otherwise says so. Does
+// nothing without files.
+void AutoSortClicked(AlbumPage& page, Context& context);
+
 // Enables the buttons that depend on what the list holds and what is selected.
 void UpdateFileButtons(AlbumPage& page);
 

@@ -128,5 +128,21 @@ TEST_F(FileList, DeletesEntriesAndForgetsTheUndo) {
   EXPECT_FALSE(page.undo_btn.Enabled());
 }
 
+TEST_F(FileList, OpensAutoSortOnlyForAFileATrack) {
+  AutoSortClicked(page, test.context);
+  EXPECT_TRUE(test.prompts.messages.empty());
+  List({L"a", L"b", L" **Fake Track**"});
+  for (const wchar_t* title : {L"One", L"Two", L"Three"}) page.new_lst.Add(title);
+  AutoSortClicked(page, test.context);
+  page.mp3_lst.Remove(2);
+  AutoSortClicked(page, test.context);
+  EXPECT_EQ(test.prompts.messages.size(), 2u);
+  EXPECT_TRUE(test.prompts.shown.empty());
+  page.mp3_lst.Add(L"c");
+  AutoSortClicked(page, test.context);
+  EXPECT_EQ(test.prompts.messages.size(), 2u);
+  EXPECT_EQ(test.prompts.shown.size(), 1u);
+}
+
 }  // namespace
 }  // namespace tagrix
