@@ -1,0 +1,50 @@
+// What the bench programs ask of the machine: files through the program's own port, memory, names and time.
+#ifndef TAGRIX_BENCH_MACHINE_H
+#define TAGRIX_BENCH_MACHINE_H
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace tagrix {
+
+// The file port on a real folder, and the folder's path in that port.
+struct RealFolder {
+  std::unique_ptr<Files> files;
+  std::wstring path;
+};
+RealFolder OpenFolder(const std::string& folder);
+
+// Of this process, now and at most since it started.
+std::size_t MemoryKib();
+std::size_t PeakMemoryKib();
+
+// The names of the folder's MP3 files, in order.
+inline std::vector<std::string> Mp3Names(const std::string& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    if (entry.path().extension() == ".mp3") names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+// Runs `work` on each name and prints how long all of it took: the line that bench/run reads.
+template <typename Work>
+void TimeEach(const std::vector<std::string>& names, Work work) {
+  const auto start = std::chrono::steady_clock::now();
+  for (const std::string& name : names) work(name);
+  const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
+  std::printf("milliseconds %.3f\n", elapsed.count());
+}
+
+}  // namespace tagrix
+
+#endif

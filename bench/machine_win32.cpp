@@ -1,0 +1,25 @@
+#include <windows.h>
+// Needs windows.h before it.
+#include <psapi.h>
+
+#include "bench/machine.h"
+#include "core/text.h"
+#include "win32/files.h"
+
+namespace tagrix {
+namespace {
+
+PROCESS_MEMORY_COUNTERS Memory() {
+  PROCESS_MEMORY_COUNTERS counters{};
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return counters;
+}
+
+}  // namespace
+
+RealFolder OpenFolder(const std::string& folder) { return {std::make_unique<WinFiles>(), Widen(folder) + L"\\"}; }
+
+std::size_t MemoryKib() { return Memory().WorkingSetSize / 1024; }
+std::size_t PeakMemoryKib() { return Memory().PeakWorkingSetSize / 1024; }
+
+}  // namespace tagrix
