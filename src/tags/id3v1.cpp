@@ -45,11 +45,10 @@ std::string BuildID3v1(const TagFields& fields, const std::vector<std::wstring>&
 
 bool HasID3v1(Files& files, const std::wstring& path) {
   const std::unique_ptr<File> file = OpenOnLabelledVolume(files, path);
-  return file && HasID3v1(*file);
+  return file && HasID3v1(*file, file->Size());
 }
 
-bool HasID3v1(File& file) {
-  const std::uint64_t size = file.Size();
+bool HasID3v1(File& file, std::uint64_t size) {
   if (size <= kLongestUntagged) return false;
   std::string mark(kId3v1Mark.size(), '\0');
   file.Read(size - kTagSize, mark.data(), mark.size());

@@ -2,6 +2,7 @@
 #ifndef TAGRIX_TAGS_ID3V1_H
 #define TAGRIX_TAGS_ID3V1_H
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +22,8 @@ std::string BuildID3v1(const TagFields& fields, const std::vector<std::wstring>&
 // Whether the file ends with a tag. Always false on a volume without a label. Throws Failure when the file is there but
 // can't be read.
 bool HasID3v1(Files& files, const std::wstring& path);
-// The same for an open file on a volume with a label.
-bool HasID3v1(File& file);
+// The same for an open file of this size on a volume with a label.
+bool HasID3v1(File& file, std::uint64_t size);
 
 }  // namespace tagrix
 
