@@ -18,6 +18,7 @@ constexpr int kButtonPadding = 8;  // between the edge and the text at both side
 constexpr int kImagePadding = 6;   // around a button's picture
 constexpr int kTick = 20;          // the box or circle with the gap before its text
 constexpr Size kField{70, 23};     // text boxes and combo boxes
+constexpr Size kEditableCombo{120, 23};
 constexpr int kFieldPadding = 4;
 constexpr int kDropArrow = 24;
 constexpr int kWidestCombo = 240;    // longer entries are cut off in the closed combo
@@ -94,7 +95,10 @@ class ControlSize : public ControlVisitor {
   void Visit(ListBox&) override { Area(kList); }
   void Visit(ComboBox& combo) override {
     size = Field();
-    if (combo.Editable()) return;
+    if (combo.Editable()) {
+      size = Largest(size, scale_(kEditableCombo));
+      return;
+    }
     int widest = 0;
     for (int i = 0; i < combo.Count(); ++i) {
       widest = std::max(widest, scale_.texts.Measure(combo.ItemText(i), 0, false).width);

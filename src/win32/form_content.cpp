@@ -30,8 +30,8 @@ bool IsFrame(const Control& control) { return dynamic_cast<const Frame*>(&contro
 
 }  // namespace
 
-FormContent::FormContent(HWND window, Form& form) : window_(window), form_(form) {
-  SetFonts(static_cast<int>(GetDpiForWindow(window)));
+FormContent::FormContent(HWND window, Form& form, int dpi)
+    : window_(window), form_(form), fonts_(std::make_unique<Fonts>(dpi)) {
   Collect(form.layout);
 }
 

@@ -19,10 +19,11 @@ class FormContent : public ControlObserver {
   static constexpr UINT kFlush = WM_APP;
 
   // `window` outlives it.
-  FormContent(HWND window, Form& form);
+  FormContent(HWND window, Form& form, int dpi);
   ~FormContent() override;
 
   void SetFonts(int dpi);
+  int Dpi() const { return fonts_->Dpi(); }
   int Pixels(int units) const { return fonts_->Pixels(units); }
   Size LeastSize() const { return MinimumSize(form_.layout, fonts_->Dpi(), *fonts_); }
 

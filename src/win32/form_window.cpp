@@ -46,7 +46,7 @@ FormWindow::FormWindow(Form& form, HWND owner) : form_(form), owner_(owner), cap
                             GetModuleHandleW(nullptr), nullptr);
   SetPropW(window_, kProperty, this);
   NameWindow(window_, form.name);
-  content_ = std::make_unique<FormContent>(window_, form);
+  content_ = std::make_unique<FormContent>(window_, form, static_cast<int>(GetDpiForWindow(window_)));
   PlaceAtStart();
   content_->Place();
 }
@@ -76,7 +76,7 @@ void FormWindow::Show() {
 SIZE FormWindow::WindowSize(Size client) const {
   RECT area{0, 0, client.width, client.height};
   const auto style = static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE));
-  AdjustWindowRectExForDpi(&area, style, FALSE, 0, GetDpiForWindow(window_));
+  AdjustWindowRectExForDpi(&area, style, FALSE, 0, static_cast<UINT>(content_->Dpi()));
   return {Width(area), Height(area)};
 }
 
@@ -129,8 +129,8 @@ void FormWindow::Flush() {
   content_->Place();
 }
 
-void FormWindow::NewFonts() {
-  content_->SetFonts(static_cast<int>(GetDpiForWindow(window_)));
+void FormWindow::NewFonts(int dpi) {
+  content_->SetFonts(dpi);
   GrowToLeast();
   content_->Place();
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
@@ -192,13 +192,13 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_DPICHANGED: {
       const RECT& suggested = *reinterpret_cast<const RECT*>(lParam);
-      NewFonts();
+      NewFonts(LOWORD(wParam));
       SetWindowPos(window_, nullptr, suggested.left, suggested.top, Width(suggested), Height(suggested),
                    SWP_NOZORDER | SWP_NOACTIVATE);
       return 0;
     }
     case WM_SETTINGCHANGE:
-      if (wParam == SPI_SETNONCLIENTMETRICS || wParam == SPI_SETHIGHCONTRAST) NewFonts();
+      if (wParam == SPI_SETNONCLIENTMETRICS || wParam == SPI_SETHIGHCONTRAST) NewFonts(content_->Dpi());
       break;
     case WM_SYSCOLORCHANGE:
       content_->ForwardToAll(message);

@@ -40,7 +40,7 @@ class FormWindow {
   RECT WorkArea() const;
   void PlaceAtStart();
   void GrowToLeast();
-  void NewFonts();
+  void NewFonts(int dpi);
   void Limit(MINMAXINFO& limits) const;
 
   Form& form_;

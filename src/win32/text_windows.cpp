@@ -44,7 +44,11 @@ EditField::EditField(HWND form, TextBox& box)
 
 void EditField::Update(Changes changes) {
   if (changes.Has(Change::Look)) SendMessageW(Window(), EM_SETREADONLY, box_.ReadOnly(), 0);
-  if (!changes.Has(Change::Text) || WindowText() == box_.Text()) return;
+  if (changes.Has(Change::Text)) ShowContent();
+}
+
+void EditField::ShowContent() {
+  if (WindowText() == box_.Text()) return;
   // The caret stays where it is when what was typed comes back changed.
   DWORD from = 0, to = 0;
   SendMessageW(Window(), EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
@@ -55,7 +59,9 @@ void EditField::Update(Changes changes) {
 void EditField::Command(int code) {
   if (code != EN_CHANGE) return;
   std::wstring text = WindowText();
-  if (text != box_.Text()) box_.Type(std::move(text));
+  if (text == box_.Text()) return;
+  box_.Type(std::move(text));
+  ShowContent();  // at once, before the next key
 }
 
 DropDown::DropDown(HWND form, ComboBox& combo)

@@ -26,6 +26,8 @@ class EditField : public Binding {
   void Command(int code) override;
 
  private:
+  void ShowContent();
+
   TextBox& box_;
 };
 
