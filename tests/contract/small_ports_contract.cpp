@@ -55,6 +55,7 @@ TEST(CodePageContract, MeetsTextAndBytes) {
     EXPECT_EQ(page->ToBytes(page->ToText(bytes)), bytes) << byte;
   }
   EXPECT_EQ(page->ToText(std::string("a\0b", 3)), std::wstring(L"a\0b", 3));
+  EXPECT_TRUE(page->DecimalSeparator() == L'.' || page->DecimalSeparator() == L',');
 }
 
 TEST(CodePageContract, KnowsHowNumbersAreWritten) {

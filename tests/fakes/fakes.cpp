@@ -104,6 +104,7 @@ void FakeSocket::Later(std::function<void()> event) {
 }
 
 void FakeSocket::Connect(const std::wstring& toHost, int toPort) {
+  Close();
   host = toHost;
   port = toPort;
   state_ = SocketState::ResolvingHost;
@@ -120,12 +121,13 @@ void FakeSocket::Close() {
 }
 
 void FakeSocket::SendData(std::string_view bytes) {
+  if (state_ != SocketState::Connected) return;
   requests.emplace_back(bytes);
   Later([this, request = std::string(bytes)] {
     if (sendComplete) sendComplete();
-    received_ = serve(request);
+    received_ += serve(request);
     if (!received_.empty() && dataArrival) dataArrival();
-    if (closeAfterAnswer) {
+    if (closeAfterAnswer && state_ == SocketState::Connected) {
       Later([this] { state_ = SocketState::PeerClosing; });
     }
   });

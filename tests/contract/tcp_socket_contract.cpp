@@ -1,0 +1,175 @@
+// What every TCP socket port does: the in-memory twin, the one over POSIX sockets, and Windows's own.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "contract/tcp_socket_cases.h"
+
+namespace tagrix {
+namespace {
+
+constexpr std::string_view kRequest = "GET / HTTP/1.0\r\n\r\n";
+
+// Bytes in which a lost, doubled or swapped piece shows.
+std::string Numbered(size_t size) {
+  std::string text;
+  for (int n = 0; text.size() < size; ++n) text += std::to_string(n) + " ";
+  return text;
+}
+
+template <typename Case>
+class SocketContract : public testing::Test {
+ protected:
+  SocketContract() {
+    case_.socket.dataArrival = [this] {
+      EXPECT_EQ(case_.socket.State(), SocketState::Connected);
+      received_ += case_.socket.GetData();
+    };
+    case_.socket.sendComplete = [this] { ++sends_; };
+  }
+
+  // Lets events run until the condition holds; false when that takes far too long. A wait that doesn't end with the
+  // event that it waits for makes it fail.
+  bool Until(const std::function<bool()>& condition) {
+    const auto start = case_.events.TickCount();
+    while (!condition()) {
+      if (case_.events.TickCount() - start > 10'000) return false;
+      case_.events.Wait(20'000);
+      case_.events.DoEvents();
+    }
+    return true;
+  }
+  bool Reaches(SocketState state) {
+    return Until([&] { return case_.socket.State() == state; });
+  }
+  bool Connects(const std::wstring& host, int port) {
+    case_.socket.Connect(host, port);
+    return Reaches(SocketState::Connected);
+  }
+
+  Case case_;
+  std::string received_;
+  int sends_ = 0;
+};
+
+TYPED_TEST_SUITE(SocketContract, SocketCases);
+
+TYPED_TEST(SocketContract, ConnectsOnlyWhileEventsRun) {
+  auto& socket = this->case_.socket;
+  EXPECT_EQ(socket.State(), SocketState::Closed);
+  socket.Connect(L"127.0.0.1", this->case_.Serve("hello", true));
+  EXPECT_EQ(socket.State(), SocketState::ResolvingHost);
+  const bool connected = this->Until([&] {
+    const SocketState state = socket.State();
+    EXPECT_TRUE(state >= SocketState::ConnectionPending && state <= SocketState::Connected) << static_cast<int>(state);
+    return state == SocketState::Connected;
+  });
+  EXPECT_TRUE(connected);
+}
+
+TYPED_TEST(SocketContract, RefusalIsAnError) {
+  this->case_.socket.Connect(L"127.0.0.1", this->case_.Refuse());
+  EXPECT_TRUE(this->Reaches(SocketState::Error));
+  this->case_.socket.SendData("x");
+  EXPECT_EQ(this->case_.socket.GetData(), "");
+  this->case_.socket.Close();
+  EXPECT_EQ(this->case_.socket.State(), SocketState::Closed);
+}
+
+TYPED_TEST(SocketContract, AnswersArriveWholeBeforeTheEnd) {
+  for (const size_t size : {size_t{1}, size_t{5'000'000}}) {
+    const std::string answer = Numbered(size);
+    this->received_.clear();
+    ASSERT_TRUE(this->Connects(L"127.0.0.1", this->case_.Serve(answer, true)));
+    this->case_.socket.SendData(kRequest);
+    ASSERT_TRUE(this->Reaches(SocketState::PeerClosing));
+    EXPECT_TRUE(this->received_ == answer) << this->received_.size() << " of " << answer.size();
+    EXPECT_EQ(this->case_.socket.GetData(), "");
+  }
+  EXPECT_EQ(this->sends_, 2);
+}
+
+TYPED_TEST(SocketContract, WhatIsNotTakenStays) {
+  this->case_.socket.dataArrival = nullptr;
+  ASSERT_TRUE(this->Connects(L"127.0.0.1", this->case_.Serve("hello", true)));
+  this->case_.socket.SendData(kRequest);
+  ASSERT_TRUE(this->Reaches(SocketState::PeerClosing));
+  EXPECT_EQ(this->case_.socket.GetData(), "hello");
+  EXPECT_EQ(this->case_.socket.GetData(), "");
+}
+
+TYPED_TEST(SocketContract, ClosingEndsAllAndAnotherConnectionStartsAfresh) {
+  const int port = this->case_.Serve(Numbered(3'000'000), false);
+  ASSERT_TRUE(this->Connects(L"127.0.0.1", port));
+  this->case_.socket.SendData(kRequest);
+  ASSERT_TRUE(this->Until([&] { return !this->received_.empty(); }));
+  this->case_.socket.Close();
+  this->received_.clear();
+  EXPECT_EQ(this->case_.socket.State(), SocketState::Closed);
+  EXPECT_EQ(this->case_.socket.GetData(), "");
+  for (int round = 0; round < 5; ++round) {
+    this->case_.events.Wait(10);
+    this->case_.events.DoEvents();
+  }
+  EXPECT_EQ(this->case_.socket.State(), SocketState::Closed);
+  EXPECT_EQ(this->received_, "");
+
+  ASSERT_TRUE(this->Connects(L"127.0.0.1", this->case_.Serve("fresh", true)));
+  this->case_.socket.SendData(kRequest);
+  ASSERT_TRUE(this->Reaches(SocketState::PeerClosing));
+  EXPECT_EQ(this->received_, "fresh");
+}
+
+TYPED_TEST(SocketContract, ListenersMayClose) {
+  this->case_.socket.dataArrival = [this] { this->case_.socket.Close(); };
+  ASSERT_TRUE(this->Connects(L"127.0.0.1", this->case_.Serve("hello", true)));
+  this->case_.socket.SendData(kRequest);
+  ASSERT_TRUE(this->Reaches(SocketState::Closed));
+  for (int round = 0; round < 5; ++round) {
+    this->case_.events.Wait(10);
+    this->case_.events.DoEvents();
+  }
+  EXPECT_EQ(this->case_.socket.State(), SocketState::Closed);
+}
+
+using RealSocketContract = SocketContract<RealSocket>;
+
+TEST_F(RealSocketContract, TriesEveryAddressOfAName) {
+  ASSERT_TRUE(Connects(L"localhost", case_.Serve("hello", true)));  // listens on 127.0.0.1 only
+  case_.socket.SendData(kRequest);
+  ASSERT_TRUE(Reaches(SocketState::PeerClosing));
+  EXPECT_EQ(received_, "hello");
+  case_.socket.Connect(L"localhost", RefusedPort());
+  EXPECT_TRUE(Reaches(SocketState::Error));
+  case_.socket.Connect(L"", 80);
+  EXPECT_TRUE(Reaches(SocketState::Error));
+}
+
+TEST_F(RealSocketContract, SendsMoreThanFitsAtOnce) {
+  const std::string upload = Numbered(5'000'000) + "\r\n\r\n";
+  std::string arrived;
+  LoopbackServer server([&](Peer& peer) {
+    arrived = peer.ReadTo("\r\n\r\n");
+    peer.Write("thanks");
+  });
+  ASSERT_TRUE(Connects(L"127.0.0.1", server.Port()));
+  case_.socket.SendData(std::string_view(upload).substr(0, 1'000'000));
+  case_.socket.SendData(std::string_view(upload).substr(1'000'000));
+  ASSERT_TRUE(Reaches(SocketState::PeerClosing));
+  EXPECT_TRUE(arrived == upload) << arrived.size() << " of " << upload.size();
+  EXPECT_EQ(received_, "thanks");
+  EXPECT_GE(sends_, 1);
+}
+
+TEST_F(RealSocketContract, ACutConnectionEnds) {
+  LoopbackServer server([](Peer& peer) {
+    peer.ReadTo("\r\n\r\n");
+    peer.Reset();
+  });
+  ASSERT_TRUE(Connects(L"127.0.0.1", server.Port()));
+  case_.socket.SendData(kRequest);
+  EXPECT_TRUE(Until([&] { return case_.socket.State() >= SocketState::PeerClosing; }));
+}
+
+}  // namespace
+}  // namespace tagrix

@@ -1,0 +1,60 @@
+// A TCP server on the loopback that a test scripts: a function plays it for each connection.
+#ifndef TAGRIX_TESTS_NET_LOOPBACK_SERVER_H
+#define TAGRIX_TESTS_NET_LOOPBACK_SERVER_H
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <thread>
+
+namespace tagrix {
+
+// The server's end of one connection; its operations block.
+class Peer {
+ public:
+  explicit Peer(std::intptr_t socket) : socket_(socket) {}
+  ~Peer() { Close(); }
+  Peer(const Peer&) = delete;
+  Peer& operator=(const Peer&) = delete;
+
+  // Reads until what was read ends with `end`, or the client closes.
+  std::string ReadTo(std::string_view end);
+  // Reads until the client closes.
+  std::string ReadAll();
+  // False when the client has gone.
+  bool Write(std::string_view bytes);
+  // Closes; what has not been read is thrown away.
+  void Close();
+  // Cuts the connection off without a farewell.
+  void Reset();
+
+ private:
+  std::intptr_t socket_;
+};
+
+// Serves one connection after the other on 127.0.0.1, in a thread of its own, until the server is destroyed; the
+// function has to end when the client closes.
+class LoopbackServer {
+ public:
+  explicit LoopbackServer(std::function<void(Peer&)> serve);
+  ~LoopbackServer();
+  LoopbackServer(const LoopbackServer&) = delete;
+  LoopbackServer& operator=(const LoopbackServer&) = delete;
+
+  int Port() const { return port_; }
+
+ private:
+  int port_ = 0;
+  std::intptr_t listener_;
+  std::atomic<bool> stop_ = false;
+  std::thread thread_;
+};
+
+// A port on which nothing listens.
+int RefusedPort();
+
+}  // namespace tagrix
+
+#endif
