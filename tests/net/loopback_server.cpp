@@ -5,6 +5,7 @@
 #else
 #include <arpa/inet.h>
 #include <netinet/in.h>
+#include <sys/select.h>
 #include <sys/socket.h>
 #include <unistd.h>
 #endif
@@ -53,10 +54,21 @@ std::intptr_t Bind(int& port) {
 
 }  // namespace
 
+bool Peer::Readable() const {
+  while (!stop_) {
+    timeval wait{0, 50'000};
+    fd_set waited;
+    FD_ZERO(&waited);
+    FD_SET(As(socket_), &waited);
+    if (select(static_cast<int>(socket_) + 1, &waited, nullptr, nullptr, &wait) > 0) return true;
+  }
+  return false;
+}
+
 std::string Peer::ReadTo(std::string_view end) {
   std::string all;
   char bytes[4096];
-  while (end.empty() || !all.ends_with(end)) {
+  while ((end.empty() || !all.ends_with(end)) && Readable()) {
     const auto count = recv(As(socket_), bytes, sizeof bytes, 0);
     if (count <= 0) break;
     all.append(bytes, static_cast<size_t>(count));
@@ -91,7 +103,7 @@ LoopbackServer::LoopbackServer(std::function<void(Peer&)> serve) : listener_(Bin
   listen(As(listener_), 8);
   thread_ = std::thread([this, serve = std::move(serve)] {
     while (true) {
-      Peer peer(static_cast<std::intptr_t>(accept(As(listener_), nullptr, nullptr)));
+      Peer peer(static_cast<std::intptr_t>(accept(As(listener_), nullptr, nullptr)), stop_);
       if (stop_) return;
       serve(peer);
     }
@@ -100,7 +112,7 @@ LoopbackServer::LoopbackServer(std::function<void(Peer&)> serve) : listener_(Bin
 
 LoopbackServer::~LoopbackServer() {
   stop_ = true;
-  // A last connection wakes the thread.
+  // A last connection wakes the thread when it waits for one.
   const Socket waker = socket(AF_INET, SOCK_STREAM, 0);
   const sockaddr_in address = Loopback(port_);
   connect(waker, reinterpret_cast<const sockaddr*>(&address), sizeof address);

@@ -14,7 +14,8 @@ namespace tagrix {
 // The server's end of one connection; its operations block.
 class Peer {
  public:
-  explicit Peer(std::intptr_t socket) : socket_(socket) {}
+  // Reading ends when `stop` is set, too.
+  Peer(std::intptr_t socket, const std::atomic<bool>& stop) : socket_(socket), stop_(stop) {}
   ~Peer() { Close(); }
   Peer(const Peer&) = delete;
   Peer& operator=(const Peer&) = delete;
@@ -31,11 +32,14 @@ class Peer {
   void Reset();
 
  private:
+  bool Readable() const;
+
   std::intptr_t socket_;
+  const std::atomic<bool>& stop_;
 };
 
-// Serves one connection after the other on 127.0.0.1, in a thread of its own, until the server is destroyed; the
-// function has to end when the client closes.
+// Serves one connection after the other on 127.0.0.1, in a thread of its own, until the server is destroyed, which ends
+// a connection that is still open; the function has to return then.
 class LoopbackServer {
  public:
   explicit LoopbackServer(std::function<void(Peer&)> serve);
