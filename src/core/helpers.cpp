@@ -5,6 +5,7 @@
 #include "core/failure.h"
 #include "core/messages.h"
 #include "core/paths.h"
+#include "core/temporary_file.h"
 #include "core/text.h"
 
 namespace tagrix {
@@ -138,22 +139,10 @@ std::wstring FreePathBeside(Files& files, const std::wstring& path) {
 }
 
 void WriteWholeFile(Files& files, const std::wstring& path, std::string_view bytes) {
-  const std::wstring beside = FreePathBeside(files, path);
-  try {
-    {
-      const auto file = files.Create(beside);
-      file->Write(0, bytes);
-      file->Flush();
-    }
-    if (files.Find(path)) {
-      files.Replace(beside, path);
-    } else {
-      files.Rename(beside, path);
-    }
-  } catch (const Failure&) {
-    if (files.Find(beside)) files.Delete(beside);
-    throw;
-  }
+  TemporaryFile file(files, FreePathBeside(files, path));
+  file.Append(bytes);
+  file.Finish();
+  file.PutAt(path);
 }
 
 std::vector<std::wstring> TextLines(std::wstring_view text) {

@@ -7,6 +7,7 @@
 #include "core/failure.h"
 #include "core/helpers.h"
 #include "core/paths.h"
+#include "core/temporary_file.h"
 #include "core/text.h"
 #include "tags/id3v1.h"
 #include "tags/id3v2.h"
@@ -17,47 +18,6 @@ namespace {
 
 constexpr std::size_t kPiece = 1 << 20;  // what is copied at a time; at most 3 MiB
 constexpr const wchar_t* kTemporaryName = L"temp";
-
-// A new file beside the audio file, removed again unless it was put in place.
-class Temporary {
- public:
-  Temporary(Files& files, std::wstring path) : files_(files), path_(std::move(path)), file_(files.Create(path_)) {}
-  ~Temporary() {
-    file_.reset();
-    if (placed_) return;
-    try {
-      files_.Delete(path_);
-    } catch (const Failure&) {
-      // The next rewrite in this folder takes it over.
-    }
-  }
-  Temporary(const Temporary&) = delete;
-  Temporary& operator=(const Temporary&) = delete;
-
-  void Append(std::string_view bytes) {
-    file_->Write(size_, bytes);
-    size_ += bytes.size();
-  }
-
-  // Makes sure that all of it is on the disk.
-  void Finish() {
-    file_->Flush();
-    if (file_->Size() != size_) throw Failure(L"Write", path_, L"The file is not complete.");
-    file_.reset();
-  }
-
-  void Replace(const std::wstring& path) {
-    files_.Replace(path_, path);
-    placed_ = true;
-  }
-
- private:
-  Files& files_;
-  std::wstring path_;
-  std::unique_ptr<File> file_;
-  std::uint64_t size_ = 0;
-  bool placed_ = false;
-};
 
 bool CanBeTagged(Files& files, const std::wstring& path) {
   // A path to a file that is there, with a drive, needs no look at the drive.
@@ -88,7 +48,7 @@ std::string Id3v1Bytes(const Source& source, const std::string& record) {
 }
 
 // Copies what stands from `from` to before `to`, letting pending events run.
-void Copy(Context& context, const Source& source, std::uint64_t from, std::uint64_t to, Temporary& target) {
+void Copy(Context& context, const Source& source, std::uint64_t from, std::uint64_t to, TemporaryFile& target) {
   if (from >= to) return;
   const auto longest = static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, to - from));
   const auto piece = std::make_unique_for_overwrite<char[]>(longest);
@@ -106,7 +66,7 @@ void Copy(Context& context, const Source& source, std::uint64_t from, std::uint6
 // Puts the new tag before what stands in the file from `oldTag` on, the last bytes replaced by `tail`. The header of
 // the old tag is not counted in `oldTag`, so the last 10 bytes of the old tag stay: kept.
 void Rewrite(Context& context, Source& source, const std::string& newTag, std::uint64_t oldTag, std::string_view tail) {
-  Temporary temporary(context.files, std::wstring(FolderPart(source.path)) + kTemporaryName);
+  TemporaryFile temporary(context.files, std::wstring(FolderPart(source.path)) + kTemporaryName);
   temporary.Append(newTag);
   const std::uint64_t end = source.size - tail.size();
   Copy(context, source, oldTag, end, temporary);

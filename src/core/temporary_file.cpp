@@ -1,0 +1,44 @@
+#include "core/temporary_file.h"
+
+#include <utility>
+
+#include "core/failure.h"
+
+namespace tagrix {
+
+TemporaryFile::TemporaryFile(Files& files, std::wstring path)
+    : files_(files), path_(std::move(path)), file_(files.Create(path_)) {}
+
+TemporaryFile::~TemporaryFile() {
+  file_.reset();
+  if (placed_) return;
+  try {
+    files_.Delete(path_);
+  } catch (const Failure&) {
+    // It stays, and harms nothing.
+  }
+}
+
+void TemporaryFile::Append(std::string_view bytes) {
+  file_->Write(size_, bytes);
+  size_ += bytes.size();
+}
+
+void TemporaryFile::Finish() {
+  file_->Flush();
+  if (file_->Size() != size_) throw Failure(L"Write", path_, L"The file is not complete.");
+  file_.reset();
+}
+
+void TemporaryFile::Replace(const std::wstring& over) {
+  files_.Replace(path_, over);
+  placed_ = true;
+}
+
+void TemporaryFile::PutAt(const std::wstring& path) {
+  if (files_.Find(path)) return Replace(path);
+  files_.Rename(path_, path);
+  placed_ = true;
+}
+
+}  // namespace tagrix

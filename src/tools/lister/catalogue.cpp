@@ -1,0 +1,118 @@
+#include "tools/lister/catalogue.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <deque>
+#include <string_view>
+#include <utility>
+
+#include "core/failure.h"
+#include "core/helpers.h"
+#include "core/paths.h"
+#include "core/temporary_file.h"
+#include "core/text.h"
+#include "tools/lister/lister_pattern.h"
+
+namespace tagrix {
+namespace {
+
+constexpr std::size_t kShortestName = 4;
+constexpr int kEntriesBetweenEvents = 256;
+constexpr std::size_t kPiece = 1 << 16;  // characters written at a time
+
+class Catalogue {
+ public:
+  Catalogue(Context& context, const CatalogueRequest& request)
+      : context_(context),
+        request_(request),
+        separator_(context.codePage.DecimalSeparator()),
+        file_(context.files, FreePathBeside(context.files, request.target)) {}
+
+  bool Write() {
+    // A bare drive is listed as its root.
+    const std::wstring root = WithoutBackslash(request_.input);
+    std::deque<std::wstring> folders{root.ends_with(L':') ? WithBackslash(root) : root};
+    for (bool first = true; !folders.empty(); first = false) {
+      ListFolder(folders.front(), folders, first);
+      if (context_.cancelled) return false;
+      folders.pop_front();
+    }
+    WritePiece();
+    file_.Finish();
+    file_.PutAt(request_.target);
+    return true;
+  }
+
+ private:
+  void ListFolder(const std::wstring& folder, std::deque<std::wstring>& folders, bool first) {
+    const std::wstring prefix = WithBackslash(folder);
+    std::vector<FileInfo> entries = ListedEntries(prefix, first);
+    std::sort(entries.begin(), entries.end(), [](const FileInfo& a, const FileInfo& b) { return a.name < b.name; });
+    bool block = false;
+    for (const FileInfo& entry : entries) {
+      if (context_.cancelled) return;
+      if (entry.folder) {
+        folders.push_back(prefix + entry.name);
+        continue;
+      }
+      if (!std::exchange(block, true)) text_.append(L"[").append(folder).append(L"]\r\n");
+      WriteLine(entry, prefix);
+    }
+    if (block) text_ += L"\r\n";
+    if (entries.empty()) LetEventsRun({});
+  }
+
+  // The folders to walk and the files to list.
+  std::vector<FileInfo> ListedEntries(const std::wstring& folder, bool first) {
+    std::vector<FileInfo> entries;
+    try {
+      context_.files.List(folder, L"*", [&](const FileInfo& entry) {
+        if (entry.folder ? request_.recurse && !entry.link : IsListed(entry.name)) entries.push_back(entry);
+        LetEventsRun({});
+        return !context_.cancelled;
+      });
+    } catch (const Failure&) {
+      if (first) throw;
+    }
+    return entries;
+  }
+
+  bool IsListed(std::wstring_view name) const {
+    if (name.size() < kShortestName) return false;
+    const std::wstring_view ending = name.substr(name.size() - 3);
+    return std::any_of(request_.formats.begin(), request_.formats.end(),
+                       [&](const std::wstring& format) { return EqualIgnoringCase(ending, format); });
+  }
+
+  void WriteLine(const FileInfo& entry, const std::wstring& folder) {
+    text_ += ExpandListerPattern(request_.pattern, ValuesOf(entry.name, entry.size, folder, separator_));
+    text_ += L"\r\n";
+    if (text_.size() >= kPiece) WritePiece();
+    LetEventsRun(entry.name);
+  }
+
+  void WritePiece() {
+    file_.Append(context_.codePage.ToBytes(text_));
+    text_.clear();
+  }
+
+  // After some entries: often enough for the window to answer, too seldom to cost time.
+  void LetEventsRun(std::wstring_view shown) {
+    if (++entries_ % kEntriesBetweenEvents != 0) return;
+    if (!shown.empty()) SetStatus(context_, DoubleAmpersands(shown));
+    context_.events.DoEvents();
+  }
+
+  Context& context_;
+  const CatalogueRequest& request_;
+  const wchar_t separator_;
+  TemporaryFile file_;
+  std::wstring text_;  // not written yet
+  int entries_ = 0;
+};
+
+}  // namespace
+
+bool WriteCatalogue(Context& context, const CatalogueRequest& request) { return Catalogue(context, request).Write(); }
+
+}  // namespace tagrix
