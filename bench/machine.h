@@ -36,13 +36,21 @@ inline std::vector<std::string> Mp3Names(const std::string& folder) {
   return names;
 }
 
-// Runs `work` on each name and prints how long all of it took: the line that bench/run reads.
+// Prints how many milliseconds the work took, after its name: a line that bench/run reads.
+template <typename Work>
+void Time(const char* name, Work work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
+  std::printf("%s %.3f\n", name, elapsed.count());
+}
+
+// The same for the work on each of some names, all together.
 template <typename Work>
 void TimeEach(const std::vector<std::string>& names, Work work) {
-  const auto start = std::chrono::steady_clock::now();
-  for (const std::string& name : names) work(name);
-  const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
-  std::printf("milliseconds %.3f\n", elapsed.count());
+  Time("milliseconds", [&] {
+    for (const std::string& name : names) work(name);
+  });
 }
 
 }  // namespace tagrix

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/dispatch.h"
+#include "core/failure.h"
 #include "core/helpers.h"
 #include "core/messages.h"
 #include "core/paths.h"
@@ -69,15 +70,20 @@ int CleanEntries(BulkPage& page, Context& context, const CleaningRules& rules) {
   return changed;
 }
 
+// Renaming never overwrites, so whether the former name is taken is asked only when it has failed.
 void RestoreEntry(BulkPage& page, Context& context, int i) {
   const std::wstring current = page.bulk_lst.ItemText(i), former = page.bulk_undo_lst.ItemText(i);
   if (current == former) return;
-  if (EqualIgnoringCase(current, former) || !FileExists(context, former)) {
-    RenameFile(context, current, former);
-    page.bulk_lst.SetItemText(i, former);
-  } else {
-    context.prompts.Message(FillMessage(context.Text(message::kUndoClash), {former, current}));
+  try {
+    context.files.Rename(current, former);
+  } catch (const Failure&) {
+    if (!EqualIgnoringCase(current, former) && FileExists(context, former)) {
+      context.prompts.Message(FillMessage(context.Text(message::kUndoClash), {former, current}));
+      return;
+    }
+    ShowRenameFailure(context, former);
   }
+  page.bulk_lst.SetItemText(i, former);
 }
 
 std::wstring Cell(const BulkPage& page, int row, int column) {

@@ -1,0 +1,30 @@
+// bulk FOLDER: the bulk renamer adds all files of the folder, replaces the blanks in their names and undoes it. Prints
+// how long each took, in milliseconds.
+#include "bench/machine.h"
+#include "fakes/fakes.h"
+#include "tools/bulk/bulk_mod.h"
+
+int main(int, char** arguments) {
+  const tagrix::RealFolder folder = tagrix::OpenFolder(arguments[1]);
+  tagrix::TestContext fakes;
+  tagrix::Context context(tagrix::Ports{*folder.files, fakes.registry, fakes.codePage, fakes.events, fakes.clock,
+                                        fakes.shell, fakes.prompts, fakes.socket, fakes.ftp},
+                          L"C:\\Tagrix");
+  context.settings.Put(L"LastDir", folder.path);
+  tagrix::BulkPage page;
+  tagrix::InitBulkPage(page, context);
+  page.space_chk.Click();
+
+  fakes.prompts.dialogs.emplace_back([](tagrix::Form& chooser) {
+    auto& ok = tagrix::Find<tagrix::Button>(chooser.layout, "ok_btn");
+    tagrix::Time("add", [&] { ok.Click(); });
+  });
+  page.addfolder_btn.Click();
+  tagrix::Time("run", [&] { page.bulk_go_btn.Click(); });
+  const bool renamed = page.bulk_undo_lst.Count() > 0 && page.bulk_lst.ItemText(0) != page.bulk_undo_lst.ItemText(0);
+  tagrix::Time("undo", [&] { page.bulk_undo_btn.Click(); });
+  // One message: the summary.
+  return renamed && page.bulk_lst.ItemText(0) == page.bulk_undo_lst.ItemText(0) && fakes.prompts.messages.size() == 1
+             ? 0
+             : 1;
+}
