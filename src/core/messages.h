@@ -16,6 +16,9 @@ inline constexpr int kArtist = 28, kAlbum = 29, kGenre = 30, kYear = 31, kCancel
 
 // About page.
 inline constexpr int kSetupPage = 34, kCheckForUpdates = 35, kSupport = 36, kWebSite = 37, kAboutPage = 38;
+inline constexpr int kPurpose = 104;
+inline constexpr int kAuthors = 106;  // %%1%% who
+inline constexpr int kVersion = 107;  // %%1%% major, %%2%% minor, %%3%% revision
 
 // What Apply and Undo say.
 inline constexpr int kApplying = 40, kNoOption = 41, kCountsDiffer = 42;

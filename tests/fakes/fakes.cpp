@@ -160,6 +160,7 @@ std::wstring TestText(int n) {
     case message::kNewVersion:
     case message::kDownloadComplete:
     case message::kInstallerNotStarted:
+    case message::kAuthors:
     case message::kVerdictFileMissing:
     case message::kVerdictFileTooMany:
       return number + L" %%1%%";
@@ -168,6 +169,8 @@ std::wstring TestText(int n) {
     case message::kBulkSummary:
     case message::kMeasuring:
       return number + L" %%1%% %%2%%";
+    case message::kVersion:
+      return number + L" %%1%%.%%2%%.%%3%%";
     case message::kUpToDate:
       return number + L" %%1%% %%2%%.%%3%%.%%4%%";
     default:

@@ -1,0 +1,18 @@
+#include "tools/about/about_mod.h"
+
+#include <string>
+#include <utility>
+
+#include "core/dispatch.h"
+#include "core/publisher.h"
+
+namespace tagrix {
+
+void InitAboutPage(AboutPage& page, Context& context, std::function<void()> checkForUpdate) {
+  page.about_mail_btn.clicked =
+      Command(context, [&] { context.shell.OpenLink(std::wstring(L"mailto:") + publisher::kSupportMail); });
+  page.about_web_btn.clicked = Command(context, [&] { context.shell.OpenLink(publisher::kWebSite); });
+  page.about_update_btn.clicked = Command(context, std::move(checkForUpdate));
+}
+
+}  // namespace tagrix

@@ -1,0 +1,32 @@
+#include "tools/about/about_page.h"
+
+#include "core/helpers.h"
+#include "core/messages.h"
+#include "core/publisher.h"
+
+namespace tagrix {
+
+Node AboutLayout(AboutPage& page) {
+  const auto link = [](Button& button, Label& address) { return Row({MinSize(150, 28, button), Stretch(1, address)}); };
+  const Node facts =
+      Column({page.about_name_lbl, page.about_version_lbl, Wrap(360, page.about_purpose_lbl), page.about_authors_lbl,
+              MinSize(0, 12, Row({})), link(page.about_mail_btn, page.about_mail_lbl),
+              link(page.about_web_btn, page.about_web_lbl), Row({MinSize(150, 28, page.about_update_btn), Spacer()})});
+  return Column({Spacer(), Row({Spacer(), Gap(10, facts), Spacer()}), Spacer(2)});
+}
+
+void TranslateAboutPage(AboutPage& page, Context& context) {
+  using publisher::kMajor, publisher::kMinor, publisher::kRevision;
+  SetCaptions(context, {{page.about_update_btn, message::kCheckForUpdates},
+                        {page.about_mail_btn, message::kSupport},
+                        {page.about_web_btn, message::kWebSite},
+                        {page.about_purpose_lbl, message::kPurpose}});
+  page.about_name_lbl.SetText(publisher::kProduct);
+  page.about_version_lbl.SetText(FillMessage(
+      context.Text(message::kVersion), {std::to_wstring(kMajor), std::to_wstring(kMinor), std::to_wstring(kRevision)}));
+  page.about_authors_lbl.SetText(FillMessage(context.Text(message::kAuthors), {publisher::kAuthors}));
+  page.about_mail_lbl.SetText(publisher::kSupportMail);
+  page.about_web_lbl.SetText(publisher::kWebSite);
+}
+
+}  // namespace tagrix
