@@ -1,0 +1,132 @@
+#include "app/main_window.h"
+
+#include "core/dispatch.h"
+#include "core/failure.h"
+#include "core/helpers.h"
+#include "core/messages.h"
+#include "core/publisher.h"
+#include "core/text.h"
+#include "tools/playlist/pls_mod.h"
+#include "tools/setup/setup_mod.h"
+#include "update/updater.h"
+
+namespace tagrix {
+namespace {
+
+constexpr int kAboutPage = 6;
+constexpr std::size_t kStyleCount = 148;
+
+// The page buttons' captions and icons, in their order.
+struct PageButton {
+  int caption;
+  const wchar_t* icon;
+};
+constexpr PageButton kPageButtons[] = {
+    {message::kAlbumPage, L"\\skin\\Desktop.ico"},   {message::kListerPage, L"\\skin\\file_liste.ico"},
+    {message::kBulkPage, L"\\skin\\sweep disk.ico"}, {message::kPlaylistPage, L"\\skin\\playlist.ico"},
+    {message::kBurnPage, L"\\skin\\mp3cda.ico"},     {message::kSetupPage, L"\\skin\\ico456.ico"},
+    {message::kAboutPage, L"\\skin\\ocinst.ico"},
+};
+
+}  // namespace
+
+MainWindow::MainWindow(Context& shared) : context(shared) {
+  form.caption = publisher::kProduct;
+  form.startSize = {1000, 700};
+  form.layout = Layout();
+  for (std::size_t i = 0; i < workfrm.size(); ++i) {
+    const int page = static_cast<int>(i);
+    context.page_btn[i].clicked = Command(context, [this, page] { ShowPage(page); });
+    workfrm[i].SetVisible(i == 0);
+  }
+  // Not a command: it has to work while one runs.
+  context.cancel_btn.clicked = [this] { context.cancelled = true; };
+  context.quit = [this] { form.Close(); };
+  form.canClose = [this] { return !IsBusy(context); };
+  form.shown = [this] { RunNotice(context, [this] { CheckForUpdateAtStart(context); }); };
+  form.closed = [this] { context.ftp.Close(); };
+}
+
+Node MainWindow::Layout() {
+  std::vector<Node> buttons;
+  for (Button& button : context.page_btn) buttons.push_back(Stretch(1, button));
+  return Margin(
+      8, Column({Row(std::move(buttons)),
+                 Stretch(1, Stack({Framed(workfrm[0], AlbumLayout(album)), Framed(workfrm[3], PlaylistLayout(playlist)),
+                                   Framed(workfrm[5], SetupLayout(setup))})),
+                 Row({Stretch(1, context.status_lbl), MinSize(160, 0, context.progress_box), context.cancel_btn})}));
+}
+
+bool MainWindow::StartUp() try {
+  SetBusy(context, false);
+  InitAlbumPage(album, context);
+  album.info_btn.SetEnabled(false);
+  if (!FileExists(context, context.programFolder + L"\\" + kEnglishFile)) {
+    context.prompts.Message(L"Default language file (English) missing !!");
+    return false;
+  }
+  LoadLanguage();
+  if (!FolderExists(context, context.programFolder + L"\\skin")) {
+    context.prompts.Message(L"default images missing, please reinstall Tagrix");
+    return false;
+  }
+  LoadStyles();
+  LoadIcons();
+  ShowSamples(setup, context);
+  InitSetupPage(setup, context, [this] { transme(); });
+  InitPlaylistPage(playlist, context);
+  album.fetch_btn.SetEnabled(false);
+  album.apply_btn.SetEnabled(false);
+  form.maximised = context.settings.Get(L"Fullscreen") == L"1";
+  album.genre_txt.SetText(L"Unknown");
+  return true;
+} catch (const EndProgram&) {
+  return false;
+} catch (const Failure& failure) {
+  context.prompts.Message(failure.Description());
+  return false;
+}
+
+void MainWindow::LoadLanguage() {
+  setup.setup_lngcmb.Add(L"English");
+  listlangues(context, setup.setup_lngcmb);
+  const std::wstring chosen = Trim(context.settings.Get(L"langue")) + L".lf";
+  const bool usable = chosen.size() > 3 && FileExists(context, context.programFolder + L"\\" + chosen);
+  loadlangue(context, setup.setup_lngcmb, usable ? chosen : kEnglishFile);
+  transme();
+}
+
+void MainWindow::LoadStyles() {
+  const std::wstring path = context.programFolder + L"\\styles.dat";
+  if (!FileExists(context, path)) {
+    context.prompts.Message(context.Text(message::kNoStyles));
+    album.helpgenre_btn.SetEnabled(false);
+    return;
+  }
+  context.styles = TextLines(context.codePage.ToText(ReadWholeFile(context.files, path)));
+  if (context.styles.size() < kStyleCount) context.prompts.Message(context.Text(message::kStylesTooShort));
+  if (context.styles.size() > kStyleCount) context.styles.resize(kStyleCount);
+}
+
+void MainWindow::LoadIcons() {
+  for (std::size_t i = 0; i < std::size(kPageButtons); ++i) {
+    context.page_btn[i].SetImage(context.programFolder + kPageButtons[i].icon);
+  }
+}
+
+void MainWindow::ShowPage(int page) {
+  for (std::size_t k = 0; k < workfrm.size(); ++k) workfrm[k].SetVisible(static_cast<int>(k) == page);
+  if (page == kAboutPage) context.shell.PlaySoundFile(context.programFolder + L"\\OCsound.wav");
+}
+
+void MainWindow::transme() {
+  for (std::size_t i = 0; i < std::size(kPageButtons); ++i) {
+    context.page_btn[i].SetText(DoubleAmpersands(context.Text(kPageButtons[i].caption)));
+  }
+  TranslateAlbumPage(album, context);
+  TranslateSetupPage(setup, context);
+  TranslatePlaylistPage(playlist, context);
+  context.cancel_btn.SetText(context.Text(message::kCancel));
+}
+
+}  // namespace tagrix

@@ -1,0 +1,50 @@
+// The main window: the seven pages, what stands around them, start-up and shut-down.
+#ifndef TAGRIX_APP_MAIN_WINDOW_H
+#define TAGRIX_APP_MAIN_WINDOW_H
+
+#include <array>
+
+#include "album/album_page.h"
+#include "core/context.h"
+#include "forms/form.h"
+#include "tools/playlist/playlist_page.h"
+#include "tools/setup/setup_page.h"
+
+namespace tagrix {
+
+class MainWindow {
+ public:
+  explicit MainWindow(Context& context);
+  MainWindow(const MainWindow&) = delete;
+  MainWindow& operator=(const MainWindow&) = delete;
+
+  // Reads the settings, the language, the genres and the icons and prepares every page. False when the program has to
+  // end; the user has been told why.
+  bool StartUp();
+
+  // Shows one page instead of the others: 0 album, 1 lister, 2 bulk renamer, 3 playlist, 4 burning, 5 setup, 6 about.
+  void ShowPage(int page);
+
+  // Puts the loaded language texts into the window and all of its pages.
+  void transme();
+
+  Context& context;
+  Form form{"tagrix"};
+
+  AlbumPage album;
+  PlaylistPage playlist;
+  SetupPage setup;
+
+  std::array<Frame, 7> workfrm{Frame("workfrm0"), Frame("workfrm1"), Frame("workfrm2"), Frame("workfrm3"),
+                               Frame("workfrm4"), Frame("workfrm5"), Frame("workfrm6")};
+
+ private:
+  Node Layout();
+  void LoadLanguage();
+  void LoadStyles();
+  void LoadIcons();
+};
+
+}  // namespace tagrix
+
+#endif
