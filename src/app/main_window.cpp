@@ -6,6 +6,7 @@
 #include "core/messages.h"
 #include "core/publisher.h"
 #include "core/text.h"
+#include "tools/burn/burn_mod.h"
 #include "tools/playlist/pls_mod.h"
 #include "tools/setup/setup_mod.h"
 #include "update/updater.h"
@@ -53,7 +54,7 @@ Node MainWindow::Layout() {
   return Margin(
       8, Column({Row(std::move(buttons)),
                  Stretch(1, Stack({Framed(workfrm[0], AlbumLayout(album)), Framed(workfrm[3], PlaylistLayout(playlist)),
-                                   Framed(workfrm[5], SetupLayout(setup))})),
+                                   Framed(workfrm[4], BurnLayout(burn)), Framed(workfrm[5], SetupLayout(setup))})),
                  Row({Stretch(1, context.status_lbl), MinSize(160, 0, context.progress_box), context.cancel_btn})}));
 }
 
@@ -73,6 +74,7 @@ bool MainWindow::StartUp() try {
   LoadStyles();
   LoadIcons();
   ShowSamples(setup, context);
+  InitBurnPage(burn, context);
   InitSetupPage(setup, context, [this] { transme(); });
   InitPlaylistPage(playlist, context);
   album.fetch_btn.SetEnabled(false);
@@ -124,6 +126,7 @@ void MainWindow::transme() {
     context.page_btn[i].SetText(DoubleAmpersands(context.Text(kPageButtons[i].caption)));
   }
   TranslateAlbumPage(album, context);
+  TranslateBurnPage(burn, context);
   TranslateSetupPage(setup, context);
   TranslatePlaylistPage(playlist, context);
   context.cancel_btn.SetText(context.Text(message::kCancel));

@@ -7,6 +7,7 @@
 #include "album/album_page.h"
 #include "core/context.h"
 #include "forms/form.h"
+#include "tools/burn/burn_page.h"
 #include "tools/playlist/playlist_page.h"
 #include "tools/setup/setup_page.h"
 
@@ -33,6 +34,7 @@ class MainWindow {
 
   AlbumPage album;
   PlaylistPage playlist;
+  BurnPage burn;
   SetupPage setup;
 
   std::array<Frame, 7> workfrm{Frame("workfrm0"), Frame("workfrm1"), Frame("workfrm2"), Frame("workfrm3"),
