@@ -6,6 +6,7 @@
 #include "core/messages.h"
 #include "core/publisher.h"
 #include "core/text.h"
+#include "tools/bulk/bulk_mod.h"
 #include "tools/burn/burn_mod.h"
 #include "tools/playlist/pls_mod.h"
 #include "tools/setup/setup_mod.h"
@@ -53,8 +54,9 @@ Node MainWindow::Layout() {
   for (Button& button : context.page_btn) buttons.push_back(Stretch(1, button));
   return Margin(
       8, Column({Row(std::move(buttons)),
-                 Stretch(1, Stack({Framed(workfrm[0], AlbumLayout(album)), Framed(workfrm[3], PlaylistLayout(playlist)),
-                                   Framed(workfrm[4], BurnLayout(burn)), Framed(workfrm[5], SetupLayout(setup))})),
+                 Stretch(1, Stack({Framed(workfrm[0], AlbumLayout(album)), Framed(workfrm[2], BulkLayout(bulk)),
+                                   Framed(workfrm[3], PlaylistLayout(playlist)), Framed(workfrm[4], BurnLayout(burn)),
+                                   Framed(workfrm[5], SetupLayout(setup))})),
                  Row({Stretch(1, context.status_lbl), MinSize(160, 0, context.progress_box), context.cancel_btn})}));
 }
 
@@ -74,6 +76,7 @@ bool MainWindow::StartUp() try {
   LoadStyles();
   LoadIcons();
   ShowSamples(setup, context);
+  InitBulkPage(bulk, context);
   InitBurnPage(burn, context);
   InitSetupPage(setup, context, [this] { transme(); });
   InitPlaylistPage(playlist, context);
@@ -126,6 +129,7 @@ void MainWindow::transme() {
     context.page_btn[i].SetText(DoubleAmpersands(context.Text(kPageButtons[i].caption)));
   }
   TranslateAlbumPage(album, context);
+  TranslateBulkPage(bulk, context);
   TranslateBurnPage(burn, context);
   TranslateSetupPage(setup, context);
   TranslatePlaylistPage(playlist, context);

@@ -7,6 +7,7 @@
 #include "album/album_page.h"
 #include "core/context.h"
 #include "forms/form.h"
+#include "tools/bulk/bulk_page.h"
 #include "tools/burn/burn_page.h"
 #include "tools/playlist/playlist_page.h"
 #include "tools/setup/setup_page.h"
@@ -33,6 +34,7 @@ class MainWindow {
   Form form{"tagrix"};
 
   AlbumPage album;
+  BulkPage bulk;
   PlaylistPage playlist;
   BurnPage burn;
   SetupPage setup;
