@@ -11,7 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/event_loop.h"
 #include "platform/files.h"
+#include "platform/tcp_socket.h"
 
 namespace tagrix {
 
@@ -21,6 +23,13 @@ struct RealFolder {
   std::wstring path;
 };
 RealFolder OpenFolder(const std::string& folder);
+
+// The program's socket port on the real network, and the events that drive it.
+struct RealNetwork {
+  std::unique_ptr<EventLoop> events;
+  std::unique_ptr<TcpSocket> socket;
+};
+RealNetwork OpenNetwork();
 
 // Of this process, now and at most since it started.
 std::size_t MemoryKib();

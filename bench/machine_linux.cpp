@@ -2,6 +2,7 @@
 
 #include "bench/machine.h"
 #include "fakes/linux_files.h"
+#include "fakes/posix_socket.h"
 
 namespace tagrix {
 namespace {
@@ -18,6 +19,12 @@ std::size_t Status(const std::string& key) {
 }  // namespace
 
 RealFolder OpenFolder(const std::string& folder) { return {std::make_unique<LinuxFiles>(folder), L"C:\\"}; }
+
+RealNetwork OpenNetwork() {
+  auto events = std::make_unique<PosixEvents>();
+  auto socket = std::make_unique<PosixSocket>(*events);
+  return {std::move(events), std::move(socket)};
+}
 
 std::size_t MemoryKib() { return Status("VmRSS:"); }
 std::size_t PeakMemoryKib() { return Status("VmHWM:"); }

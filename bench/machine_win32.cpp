@@ -1,10 +1,14 @@
+#include <winsock2.h>
+// Needs winsock2.h before it.
 #include <windows.h>
 // Needs windows.h before it.
 #include <psapi.h>
 
 #include "bench/machine.h"
 #include "core/text.h"
+#include "win32/event_loop.h"
 #include "win32/files.h"
+#include "win32/tcp_socket.h"
 
 namespace tagrix {
 namespace {
@@ -18,6 +22,8 @@ PROCESS_MEMORY_COUNTERS Memory() {
 }  // namespace
 
 RealFolder OpenFolder(const std::string& folder) { return {std::make_unique<WinFiles>(), Widen(folder) + L"\\"}; }
+
+RealNetwork OpenNetwork() { return {std::make_unique<WinEventLoop>(), std::make_unique<WinTcpSocket>()}; }
 
 std::size_t MemoryKib() { return Memory().WorkingSetSize / 1024; }
 std::size_t PeakMemoryKib() { return Memory().PeakWorkingSetSize / 1024; }
