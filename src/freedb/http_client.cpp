@@ -1,6 +1,5 @@
 #include "freedb/http_client.h"
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 
