@@ -38,6 +38,6 @@ native_packages=(g++:g++ cmake:cmake ninja-build:ninja googletest:/usr/src/googl
 windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix wine:wine wine64:/usr/lib/wine/wine64 xvfb:Xvfb
                   libxrender1:/usr/lib/*/libXrender.so.1 libxcursor1:/usr/lib/*/libXcursor.so.1
                   libxrandr2:/usr/lib/*/libXrandr.so.2 libxi6:/usr/lib/*/libXi.so.6
-                  fonts-wine:/usr/share/wine/fonts fonts-liberation:/usr/share/fonts/truetype/liberation)
+                  fonts-wine:/usr/share/wine/fonts/tahoma.ttf fonts-liberation:/usr/share/fonts/truetype/liberation)
 disc_server_packages=(libcpp-httplib-dev:/usr/include/httplib.h pkg-config:pkg-config)
 music_packages=(lame:lame sox:sox)

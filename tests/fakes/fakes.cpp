@@ -152,7 +152,7 @@ TestContext::TestContext() {
 }
 
 std::wstring TestText(int n) {
-  const std::wstring number = L"<" + std::to_wstring(n) + L">";
+  std::wstring number = L"<" + std::to_wstring(n) + L">";
   switch (n) {
     case message::kRenameFailed:
       return number + L" %%FIC%%";

@@ -6,7 +6,7 @@ namespace tagrix {
 
 void AppendUtf8(std::string& bytes, std::wstring_view text) {
   for (const wchar_t c : text) {
-    const auto code = static_cast<unsigned>(c);
+    const auto code = static_cast<char32_t>(c);
     const int more = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
     constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
     bytes += static_cast<char>(kLead[more] | code >> 6 * more);
