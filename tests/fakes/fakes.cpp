@@ -24,8 +24,9 @@ void FakeRegistry::SetRegValue(Hive hive, const std::wstring& key, const std::ws
 
 std::string FakeCodePage::ToBytes(std::wstring_view text) {
   std::string bytes;
+  bytes.reserve(text.size());
   for (const wchar_t c : text) {
-    const auto from80 = kFrom80.find(c);
+    const auto from80 = c < 0x80 ? kFrom80.npos : kFrom80.find(c);
     bytes += static_cast<char>(from80 != kFrom80.npos ? from80 + 0x80 : c < 256 ? static_cast<size_t>(c) : L'?');
   }
   return bytes;

@@ -14,6 +14,8 @@ TEST(ListerPattern, ExpandsTokensInOrder) {
       {L"[%3] %1%2 (%4)", L"[MP3] 01 - Zero.mp3 (5.56 Mb)"},
       {L"  %5%1%2 ", L"C:\\Music\\01 - Zero.mp3"},
       {L"%1%1 %6 %", L"01 - Zero01 - Zero %6 %"},
+      {L"100%", L"100%"},
+      {L"%%1 %%", L"%01 - Zero %%"},
       {L"", L""},
   };
   for (const auto& [pattern, line] : cases) EXPECT_EQ(ExpandListerPattern(pattern, values), line);
