@@ -26,16 +26,18 @@ int CountGood(const std::vector<Place>& places) {
       std::count_if(places.begin(), places.end(), [](const Place& place) { return FitOf(place) == Fit::Good; }));
 }
 
-// Whether most files would fit if they were sorted anew.
+// Whether the files would fit if they were sorted anew: all of them, or most where most don't now.
 bool FitsInOtherOrder(std::vector<Place> places) {
   std::vector<std::int32_t> files, tracks;
   for (const Place& place : places) {
     files.push_back(RoundToInteger(place.file));
     tracks.push_back(RoundToInteger(place.track / FramesToMilliseconds(1)));
   }
+  const bool mostFit = Most(CountGood(places), DeviationsOf(places).compared);
   const std::vector<int> order = MatchFiles(files, tracks);
   for (Index i = 0; i < places.size(); ++i) places[i].file = files[static_cast<Index>(order[i])];
-  return Most(CountGood(places), DeviationsOf(places).compared);
+  const int good = CountGood(places), compared = DeviationsOf(places).compared;
+  return mostFit ? good == compared : Most(good, compared);
 }
 
 // Whether from that place on most files fit the next track (a file is missing there) or the one before (one too many).

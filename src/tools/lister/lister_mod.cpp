@@ -58,6 +58,8 @@ std::vector<std::wstring> SelectedFormats(const ListerPage& page) {
 void InitListerPage(ListerPage& page, Context& context) {
   for (const wchar_t* format : kFormats) page.ext_lst.Add(format);
   page.ext_lst.SelectOnly(0);
+  // The choice has to show while the keyboard is elsewhere, too.
+  page.ext_lst.mark = [&](int i) { return page.ext_lst.Selected(i) ? RowMark::Changed : RowMark::None; };
   for (const wchar_t* pattern : kPatterns) page.pattern_txt.Add(pattern);
   const std::wstring used = context.settings.Get(kPatternSetting, kPageSettingsKey);
   page.pattern_txt.SetText(used.empty() ? kPatterns[0] : used);
