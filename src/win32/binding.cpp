@@ -1,5 +1,7 @@
 #include "win32/binding.h"
 
+#include <exception>
+
 #include "core/text.h"
 
 namespace tagrix {
@@ -39,7 +41,13 @@ LRESULT Binding::Message(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT CALLBACK Binding::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                     DWORD_PTR binding) {
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Procedure, id);
-  return reinterpret_cast<Binding*>(binding)->Message(message, wParam, lParam);
+  try {
+    return reinterpret_cast<Binding*>(binding)->Message(message, wParam, lParam);
+  } catch (...) {
+    const std::exception_ptr failure = std::current_exception();
+    SendMessageW(GetParent(window), kFailed, 0, reinterpret_cast<LPARAM>(&failure));
+    return 0;
+  }
 }
 
 std::wstring Binding::WindowText() const {

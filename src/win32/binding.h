@@ -80,6 +80,10 @@ class Binding {
 // Sent by a control's window to its form: the text of the tooltip at the pointer has changed.
 inline constexpr UINT kHideTooltip = WM_APP + 10;
 
+// The same: an event of the model ended with the std::exception_ptr that lParam points to. It must not pass through the
+// system's code, so the form hands it to whoever runs the event loop.
+inline constexpr UINT kFailed = WM_APP + 11;
+
 // Hangs a name on a window, so that a test in another process can find it, and takes it off again.
 void NameWindow(HWND window, const std::string& name);
 void UnnameWindow(HWND window);

@@ -16,9 +16,11 @@ void WinEventLoop::Wait(int milliseconds) {
 
 void Dispatch(MSG& message) {
   FormWindow* form = FormWindow::Around(message.hwnd);
-  if (form != nullptr && form->TakeKey(message)) return;
-  TranslateMessage(&message);
-  DispatchMessageW(&message);
+  if (form == nullptr || !form->TakeKey(message)) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  if (form != nullptr) form->Rethrow();
 }
 
 }  // namespace tagrix

@@ -16,6 +16,7 @@ class WinEventLoop : public EventLoop {
 };
 
 // Hands one message that was taken from the queue to whom it is for: keys first to the form that they are meant for.
+// Throws what an event of a control has thrown.
 void Dispatch(MSG& message);
 
 }  // namespace tagrix

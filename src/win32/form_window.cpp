@@ -1,6 +1,7 @@
 #include "win32/form_window.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tagrix {
 namespace {
@@ -156,10 +157,19 @@ bool FormWindow::EnterOrEsc(WPARAM key) {
   return true;
 }
 
+void FormWindow::Rethrow() {
+  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
 LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   auto* self = static_cast<FormWindow*>(GetPropW(window, kProperty));
   if (self == nullptr || !self->content_) return DefWindowProcW(window, message, wParam, lParam);
-  const LRESULT result = self->Handle(message, wParam, lParam);
+  LRESULT result = 0;
+  try {
+    result = self->Handle(message, wParam, lParam);
+  } catch (...) {
+    self->failure_ = std::current_exception();
+  }
   // What was sent, not posted, leaves the loop asleep.
   if (self->Closing() && !std::exchange(self->woken_, true)) PostMessageW(window, WM_NULL, 0, 0);
   return result;
@@ -181,6 +191,9 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       if (Binding* binding = Binding::Of(item.hwndItem)) binding->Draw(item);
       return TRUE;
     }
+    case kFailed:
+      failure_ = *reinterpret_cast<const std::exception_ptr*>(lParam);
+      return 0;
     case kHideTooltip:
       content_->HideTooltip();
       return 0;

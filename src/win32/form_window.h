@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <exception>
 #include <memory>
 #include <string>
 
@@ -28,6 +29,8 @@ class FormWindow {
   static FormWindow* Around(HWND window);
   // Acts on a key that is for the form as a whole: Enter, Esc, Tab, arrows between options, access keys.
   bool TakeKey(MSG& message);
+  // Throws what an event has thrown since the last call.
+  void Rethrow();
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -50,6 +53,7 @@ class FormWindow {
   std::wstring caption_;
   std::wstring tooltip_;      // the text handed out last
   HWND lastFocus_ = nullptr;  // where the keyboard was when another window became active
+  std::exception_ptr failure_;
   bool woken_ = false;
 };
 

@@ -5,8 +5,10 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <exception>
 #include <string_view>
 
+#include "core/failure.h"
 #include "core/paths.h"
 #include "core/publisher.h"
 #include "core/text.h"
@@ -56,14 +58,25 @@ bool WinPrompts::Question(const std::wstring& text) {
   return MessageBoxW(Owner(), text.c_str(), publisher::kProduct, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
+// Commands report their own failures; this is for what happens outside of them, such as drawing.
+void WinPrompts::Guarded(const std::function<void()>& event) {
+  try {
+    event();
+  } catch (const Failure& failure) {
+    Message(failure.Description());
+  } catch (const std::exception& error) {
+    Message(Widen(error.what()));
+  }
+}
+
 void WinPrompts::ShowModal(Form& dialog) {
   {
     FormWindow window(dialog, Owner());
     open_.push_back(&window);
     window.Show();
-    if (dialog.shown) dialog.shown();
+    if (dialog.shown) Guarded(dialog.shown);
     MSG message;
-    while (!AnyClosing() && GetMessageW(&message, nullptr, 0, 0) > 0) Dispatch(message);
+    while (!AnyClosing() && GetMessageW(&message, nullptr, 0, 0) > 0) Guarded([&] { Dispatch(message); });
     open_.pop_back();
   }
   if (dialog.closed) dialog.closed();

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <vector>
 
 #include "platform/prompts.h"
@@ -25,6 +26,7 @@ class WinPrompts : public Prompts {
  private:
   HWND Owner() const;
   bool AnyClosing() const;
+  void Guarded(const std::function<void()>& event);
 
   std::vector<FormWindow*> open_;  // the innermost last
   LazyLibrary comdlg32_{L"comdlg32.dll"};

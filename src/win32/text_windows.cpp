@@ -1,5 +1,7 @@
 #include "win32/text_windows.h"
 
+#include <algorithm>
+
 namespace tagrix {
 namespace {
 
@@ -49,11 +51,13 @@ void EditField::Update(Changes changes) {
 
 void EditField::ShowContent() {
   if (WindowText() == box_.Text()) return;
-  // The caret stays where it is when what was typed comes back changed.
-  DWORD from = 0, to = 0;
-  SendMessageW(Window(), EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+  // What stands behind the caret stays behind it when what was typed comes back changed.
+  DWORD caret = 0;
+  SendMessageW(Window(), EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+  const LONG_PTR behind = GetWindowTextLengthW(Window()) - static_cast<LONG_PTR>(caret);
   ShowText(box_.Text());
-  SendMessageW(Window(), EM_SETSEL, from, static_cast<LPARAM>(to));
+  const LONG_PTR place = std::max<LONG_PTR>(0, static_cast<LONG_PTR>(box_.Text().size()) - behind);
+  SendMessageW(Window(), EM_SETSEL, static_cast<WPARAM>(place), place);
 }
 
 void EditField::Command(int code) {

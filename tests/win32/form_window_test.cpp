@@ -1,0 +1,253 @@
+#include "win32/form_window.h"
+
+#include <gtest/gtest.h>
+// Needs windows.h before it.
+#include <commctrl.h>
+
+#include <vector>
+
+#include "forms/buttons.h"
+#include "forms/lists.h"
+#include "forms/picture.h"
+#include "forms/texts.h"
+#include "win32/prompts.h"
+#include "win32/test_form.h"
+
+namespace tagrix {
+namespace {
+
+// Two pages on top of each other with one of nearly everything.
+struct Window {
+  Form form{"test_form"};
+  Frame pages[2] = {Frame("page0"), Frame("page1")};
+  Frame options{"options_frm", L"Options"};
+  Label caption{"caption_lbl"}, status{"status_lbl", LabelStyle::Path};
+  TextBox words{"words_txt"}, answer{"answer_txt"};
+  CheckBox tick{"tick_chk", L"&Tick"};
+  OptionGroup group;
+  OptionButton first{"first_opt", group, L"First"}, second{"second_opt", group, L"Second"};
+  ComboBox choice{"choice_cmb"}, pattern{"pattern_cmb", true};
+  ProgressBox progress{"progress"};
+  Button go{"go_btn", L"&Go"}, other{"other_btn", L"Other"};
+  Picture picture{"picture"};
+  std::string events;
+
+  Window() {
+    form.caption = L"A window";
+    for (const wchar_t* text : {L"one", L"two", L"three"}) {
+      choice.Add(text);
+      pattern.Add(text);
+    }
+    caption.SetText(L"&Words:");
+    first.Choose();
+    pages[1].SetVisible(false);
+    words.edited = [this] { events += "edited "; };
+    tick.clicked = [this] { events += "tick "; };
+    second.clicked = [this] { events += "second "; };
+    choice.chosen = [this] { events += "chosen "; };
+    pattern.edited = [this] { events += "pattern "; };
+    go.clicked = [this] { events += "go "; };
+    form.layout = Margin(
+        11, Column({Stretch(1, Stack({Framed(pages[0], Column({Row({caption, Stretch(1, words)}),
+                                                               Framed(options, Row({tick, first, second, choice})),
+                                                               Row({pattern, go, Spacer()})})),
+                                      Framed(pages[1], Column({answer, other, Stretch(1, picture)}))})),
+                    Row({Stretch(1, status), progress})}));
+  }
+};
+
+TEST(FormWindow, ShowsItsModelsAndFollowsThem) {
+  Window window;
+  TestForm shown(window.form);
+  EXPECT_EQ(TextOf(shown.Window()), L"A window");
+  EXPECT_EQ(TextOf(shown["go_btn"]), L"&Go");
+  EXPECT_EQ(TextOf(shown["options_frm"]), L"Options");
+  EXPECT_EQ(shown.Send("first_opt", BM_GETCHECK), BST_CHECKED);
+
+  window.form.caption = L"Another";
+  window.words.SetText(L"abba");
+  window.caption.SetText(L"Wörter:");
+  window.status.SetText(L"C:\\Music");
+  window.tick.SetChecked(true);
+  window.second.Choose();
+  window.choice.Select(1);
+  window.pattern.SetText(L"free text");
+  window.progress.SetPercent(42);
+  window.go.SetEnabled(false);
+  shown.Settle();
+  EXPECT_EQ(TextOf(shown.Window()), L"Another");
+  EXPECT_EQ(TextOf(shown["words_txt"]), L"abba");
+  EXPECT_EQ(TextOf(shown["caption_lbl"]), L"Wörter:");
+  EXPECT_EQ(TextOf(shown["status_lbl"]), L"C:\\Music");
+  EXPECT_EQ(shown.Send("tick_chk", BM_GETCHECK), BST_CHECKED);
+  EXPECT_EQ(shown.Send("first_opt", BM_GETCHECK), BST_UNCHECKED);
+  EXPECT_EQ(shown.Send("second_opt", BM_GETCHECK), BST_CHECKED);
+  EXPECT_EQ(shown.Send("choice_cmb", CB_GETCURSEL), 1);
+  EXPECT_EQ(TextOf(shown["pattern_cmb"]), L"free text");
+  EXPECT_EQ(shown.Send("progress", PBM_GETPOS), 42);
+  EXPECT_FALSE(IsWindowEnabled(shown["go_btn"]));
+  EXPECT_EQ(window.events, "") << "a change by the program is no doing of the user's";
+}
+
+TEST(FormWindow, WhatTheUserDoesReachesTheModelsOnce) {
+  Window window;
+  TestForm shown(window.form);
+  shown.Type("words_txt", L"ab");
+  EXPECT_EQ(window.words.Text(), L"ab");
+  shown.Send("tick_chk", BM_CLICK);
+  EXPECT_TRUE(window.tick.Checked());
+  EXPECT_EQ(shown.Send("tick_chk", BM_GETCHECK), BST_CHECKED);
+  shown.Send("second_opt", BM_CLICK);
+  EXPECT_FALSE(window.first.Checked());
+  SetFocus(shown["choice_cmb"]);
+  shown.Key(VK_DOWN);
+  EXPECT_EQ(window.choice.Text(), L"one");
+  SendMessageW(GetWindow(shown["pattern_cmb"], GW_CHILD), WM_CHAR, L'x', 0);
+  EXPECT_EQ(window.pattern.Text(), L"x");
+  shown.Send("go_btn", BM_CLICK);
+  EXPECT_EQ(window.events, "edited edited tick second chosen pattern go ");
+}
+
+TEST(FormWindow, ATextThatThePageCorrectsComesBackWithTheCaretInPlace) {
+  Window window;
+  window.words.edited = [&] { window.words.SetText(Replace(window.words.Text(), L"?", L"")); };
+  TestForm shown(window.form);
+  shown.Type("words_txt", L"abc");
+  shown.Send("words_txt", EM_SETSEL, 1, 1);
+  shown.Type("words_txt", L"?x");
+  EXPECT_EQ(TextOf(shown["words_txt"]), L"axbc");
+}
+
+TEST(FormWindow, FramesGovernWhatIsInThem) {
+  Window window;
+  TestForm shown(window.form);
+  window.options.SetEnabled(false);
+  shown.Settle();
+  EXPECT_FALSE(IsWindowEnabled(shown["tick_chk"]));
+  EXPECT_TRUE(IsWindowEnabled(shown["go_btn"]));
+  window.options.SetVisible(false);
+  shown.Settle();
+  EXPECT_FALSE(shown.Shows("tick_chk"));
+  window.options.SetEnabled(true);
+  window.options.SetVisible(true);
+  shown.Settle();
+  EXPECT_TRUE(IsWindowEnabled(shown["tick_chk"]));
+  EXPECT_TRUE(shown.Shows("tick_chk"));
+}
+
+TEST(FormWindow, PagesGetTheirWindowsWhenTheyAreFirstShownInTheLayoutsOrder) {
+  Window window;
+  TestForm shown(window.form);
+  EXPECT_EQ(shown["answer_txt"], nullptr);
+  window.pages[0].SetVisible(false);
+  window.pages[1].SetVisible(true);
+  shown.Settle();
+  EXPECT_FALSE(shown.Shows("words_txt"));
+  ASSERT_TRUE(shown.Shows("answer_txt"));
+
+  SetFocus(shown["answer_txt"]);
+  shown.Key(VK_TAB);
+  EXPECT_EQ(GetFocus(), shown["other_btn"]);
+  window.other.SetEnabled(false);  // the keyboard must not be lost
+  shown.Settle();
+  EXPECT_EQ(GetFocus(), shown["answer_txt"]);
+}
+
+TEST(FormWindow, FollowsTheMonitorsDpiAndKeepsToItsLeastSize) {
+  Window window;
+  TestForm shown(window.form);
+  const Size before = SizeOf(shown["progress"]);
+  MINMAXINFO limits{};
+  SendMessageW(shown.Window(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+  const Size whole = SizeOf(shown.Window());
+  EXPECT_EQ(limits.ptMinTrackSize.x, whole.width);
+  EXPECT_EQ(limits.ptMinTrackSize.y, whole.height);
+
+  RECT suggested{10, 20, 1000, 800};
+  SendMessageW(shown.Window(), WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
+  shown.Settle();
+  EXPECT_EQ(SizeOf(shown["progress"]).width, before.width * 3 / 2);
+  EXPECT_EQ(SizeOf(shown.Window()), (Size{990, 780}));
+
+  window.tick.SetText(std::wstring(150, L'W'));  // needs more room than there is
+  shown.Settle();
+  EXPECT_GT(SizeOf(shown.Window()).width, 1000);
+}
+
+TEST(FormWindow, EndOfSessionIsNeverRefusedButTheCloseBoxAsks) {
+  Window window;
+  bool busy = true;
+  window.form.canClose = [&] { return !busy; };
+  TestForm shown(window.form);
+  SendMessageW(shown.Window(), WM_CLOSE, 0, 0);
+  EXPECT_FALSE(window.form.Closing());
+  EXPECT_EQ(SendMessageW(shown.Window(), WM_QUERYENDSESSION, 0, 0), TRUE);
+  busy = false;
+  SendMessageW(shown.Window(), WM_CLOSE, 0, 0);
+  EXPECT_TRUE(window.form.Closing());
+}
+
+// Plays the user while modal forms are open: steps that a timer takes one after the other.
+class Script {
+ public:
+  explicit Script(std::vector<std::function<void()>> steps) : steps_(std::move(steps)) {
+    window_ = CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    SetWindowSubclass(window_, Next, 0, reinterpret_cast<DWORD_PTR>(this));
+    SetTimer(window_, 1, 60, nullptr);
+  }
+  ~Script() { DestroyWindow(window_); }
+  Script(const Script&) = delete;
+  Script& operator=(const Script&) = delete;
+
+ private:
+  static LRESULT CALLBACK Next(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR script) {
+    auto& self = *reinterpret_cast<Script*>(script);
+    if (message == WM_TIMER && self.next_ < self.steps_.size()) self.steps_[self.next_++]();
+    return DefSubclassProc(window, message, wParam, lParam);
+  }
+  std::vector<std::function<void()>> steps_;
+  std::size_t next_ = 0;
+  HWND window_;
+};
+
+TEST(Prompts, AModalFormDisablesItsOwnerAndAnswersEnterAndEsc) {
+  WinPrompts prompts;
+  Form outer("outer"), inner("inner");
+  Button open("open"), ok("ok", L"OK"), cancel("cancel", L"Cancel");
+  TextBox words("words");
+  std::string events;
+  outer.layout = Column({open});
+  inner.layout = Row({words, ok, cancel});
+  inner.defaultButton = &ok;
+  inner.cancelButton = &cancel;
+  inner.shown = [&] { events += "shown "; };
+  inner.closed = [&] { events += "closed "; };
+  ok.clicked = [&] { events += "ok "; };
+  cancel.clicked = [&] {
+    events += "cancel ";
+    inner.Close();
+  };
+  HWND owner = nullptr;
+  open.clicked = [&] {
+    owner = GetActiveWindow();
+    prompts.ShowModal(inner);
+    events += IsWindowEnabled(owner) ? "enabled " : "disabled ";
+  };
+  const auto press = [](WPARAM key) { return [key] { PostMessageW(GetFocus(), WM_KEYDOWN, key, 0); }; };
+  Script script({[&] { open.Click(); }, press(VK_RETURN), [&] { EXPECT_FALSE(IsWindowEnabled(owner)); },
+                 press(VK_ESCAPE), [&] { outer.Close(); }});
+  prompts.ShowModal(outer);
+  EXPECT_EQ(events, "shown ok cancel closed enabled ");
+}
+
+TEST(EventLoop, AWaitEndsWhenSomethingArrives) {
+  WinEventLoop events;
+  events.DoEvents();
+  PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+  const std::uint64_t start = events.TickCount();
+  events.Wait(20'000);
+  EXPECT_LT(events.TickCount() - start, 10'000u);
+}
+
+}  // namespace
+}  // namespace tagrix
