@@ -265,7 +265,7 @@ Node Column(std::vector<Node> children) { return {Node::Kind::Column, std::move(
 Node Stack(std::vector<Node> children) { return {Node::Kind::Stack, std::move(children)}; }
 
 Node Framed(Frame& frame, Node group) {
-  if (group.kind == Node::Kind::Control) group = Column({Stretch(1, std::move(group))});
+  if (group.control != nullptr) group = Column({Stretch(1, std::move(group))});
   group.control = &frame;
   return group;
 }

@@ -15,6 +15,7 @@ namespace {
 
 constexpr const wchar_t* kInfoFolder = L"/ostrelco/files";
 constexpr const wchar_t* kInfoFile = L"upd.dat";
+constexpr std::uint64_t kLongestInfo = 1 << 20;  // bytes; three lines are enough
 
 std::wstring UpdFolder(const Context& context) { return context.programFolder + L"\\upd"; }
 std::wstring InfoPath(const Context& context) { return UpdFolder(context) + L"\\" + kInfoFile; }
@@ -59,6 +60,8 @@ class UpdateInfo {
     try {
       if (!FolderExists(context_, UpdFolder(context_))) context_.files.CreateFolder(UpdFolder(context_));
       if (!Download(context_, Request(context_, host, kInfoFolder, kInfoFile))) return false;
+      const auto file = context_.files.Find(InfoPath(context_));
+      if (!file || file->size > kLongestInfo) return false;
       text_ = context_.codePage.ToText(ReadWholeFile(context_.files, InfoPath(context_)));
       return true;
     } catch (const Failure&) {

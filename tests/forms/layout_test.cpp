@@ -154,7 +154,7 @@ TEST(Layout, FramesGovernWhatIsInThem) {
   Frame outer("outer"), inner("inner");
   Button button("button"), outside("outside");
   outer.SetEnabled(false);
-  const auto places = Places(Row({Framed(outer, Column({Framed(inner, Column({button}))})), outside}), {300, 100});
+  const auto places = Places(Row({Framed(outer, Framed(inner, Column({button}))), outside}), {300, 100});
   EXPECT_FALSE(places.at("button").enabled);
   EXPECT_FALSE(places.at("inner").enabled);
   EXPECT_TRUE(places.at("outside").enabled);

@@ -105,6 +105,9 @@ TEST_F(Updater, SaysOnlyWhenAskedThatNothingCameOfIt) {
   expect({L"<60>"});
   files.FailCall(1);  // no folder can be created
   expect({L"<60>"});
+  ftp.remote[L"/ostrelco/files/upd.dat"] = std::string(2 << 20, '=');
+  expect({L"<60>"});
+  ftp.remote.clear();
 
   ftp.connected = false;
   const std::size_t requests = ftp.requests.size();

@@ -10,11 +10,13 @@
 namespace tagrix {
 namespace {
 
-constexpr int kCaptionWidth = 130;
+constexpr int kShortCaptions = 60, kLongCaptions = 140;
 
 // A caption with its field, the fields of a frame standing below each other.
-Node Field(Label& caption, Control& field) { return Row({MinSize(kCaptionWidth, 0, caption), Stretch(1, field)}); }
-Node ShortField(Label& caption, Control& field) { return Row({MinSize(kCaptionWidth, 0, caption), field, Spacer()}); }
+Node Field(int captionWidth, Label& caption, Control& field) {
+  return Row({MinSize(captionWidth, 0, caption), Stretch(1, field)});
+}
+Node ShortField(Label& caption, Control& field) { return Row({MinSize(kLongCaptions, 0, caption), field, Spacer()}); }
 
 std::wstring TokenLines(Context& context, int firstToken, std::initializer_list<int> messages) {
   std::wstring lines;
@@ -30,11 +32,11 @@ std::wstring TokenLines(Context& context, int firstToken, std::initializer_list<
 Node SetupLayout(SetupPage& page) {
   const auto indent = [](Node node) { return Row({MinSize(14, 0, Row({})), Stretch(1, std::move(node))}); };
   const Node names = Column({
-      Framed(page.setup_lngfrm, Column({Field(page.setup_currentlng_lbl, page.setup_lngcmb)})),
-      Framed(page.setup_renamer_frm,
-             Column({Field(page.setup_choosepattern_lbl, page.setup_pat_cmb), indent(page.setup_pattern_lbl)})),
+      Framed(page.setup_lngfrm, Column({page.setup_currentlng_lbl, page.setup_lngcmb})),
+      Framed(page.setup_renamer_frm, Column({Field(kShortCaptions, page.setup_choosepattern_lbl, page.setup_pat_cmb),
+                                             indent(page.setup_pattern_lbl)})),
       Framed(page.setup_playlist_frm,
-             Column({Field(page.setup_plspat_lbl, page.setup_pls_cmb), indent(page.setup_testpls_lbl),
+             Column({Field(kShortCaptions, page.setup_plspat_lbl, page.setup_pls_cmb), indent(page.setup_testpls_lbl),
                      page.setup_plsalb_opt, page.setup_plsparent_opt, page.setup_plsspec_opt,
                      indent(Row({Stretch(1, page.setup_plsfolder_txt), page.setup_plsbrowse_btn}))})),
       Framed(page.setup_help_frm,
@@ -44,10 +46,11 @@ Node SetupLayout(SetupPage& page) {
   const Node network = Column({
       Framed(page.setup_internet_frm, Column({page.setup_autoupd_chk, page.setup_bypass_chk})),
       Framed(page.setup_freedb_frm, Column({page.setup_choosefreedb_lbl, page.setup_freedb_cmb})),
-      Framed(page.setup_http_frm, Column({Field(page.setup_cgi_lbl, page.setup_cgi_txt),
+      Framed(page.setup_http_frm, Column({Field(kLongCaptions, page.setup_cgi_lbl, page.setup_cgi_txt),
                                           ShortField(page.setup_httpport_lbl, page.setup_httpport_txt)})),
-      Framed(page.setup_proxy_frm, Column({page.setup_proxy_chk, Field(page.setup_server_lbl, page.setup_proxyname_txt),
-                                           ShortField(page.setup_proxyport_lbl, page.setup_proxyport_txt)})),
+      Framed(page.setup_proxy_frm,
+             Column({page.setup_proxy_chk, Field(kLongCaptions, page.setup_server_lbl, page.setup_proxyname_txt),
+                     ShortField(page.setup_proxyport_lbl, page.setup_proxyport_txt)})),
       Spacer(),
       Row({Spacer(), page.setup_ok_btn}),
   });
