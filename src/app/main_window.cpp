@@ -44,7 +44,11 @@ MainWindow::MainWindow(Context& shared) : context(shared) {
   // Not a command: it has to work while one runs.
   context.cancel_btn.clicked = [this] { context.cancelled = true; };
   context.quit = [this] { form.Close(); };
-  form.canClose = [this] { return !IsBusy(context); };
+  form.canClose = [this] {
+    if (IsBusy(context)) return false;
+    context.cancelled = true;  // what still waits in the background (a silent update check) ends
+    return true;
+  };
   form.shown = [this] { RunNotice(context, [this] { CheckForUpdateAtStart(context); }); };
   form.closed = [this] { context.ftp.Close(); };
 }

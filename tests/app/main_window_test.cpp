@@ -98,8 +98,10 @@ TEST_F(MainWindowTest, ItRefusesToCloseWhileBusyAndCancelRaisesTheFlag) {
   test.context.cancel_btn.Click();
   EXPECT_TRUE(test.context.cancelled);
   SetBusy(test.context, false);
+  test.context.cancelled = false;
   window.form.RequestClose();
   EXPECT_TRUE(window.form.Closing());
+  EXPECT_TRUE(test.context.cancelled);
 }
 
 }  // namespace

@@ -101,9 +101,14 @@ TEST_F(Updater, SaysOnlyWhenAskedThatNothingCameOfIt) {
     EXPECT_EQ(prompts.messages, messages);
     prompts.messages.clear();
   };
+  for (const bool silent : {true, false}) {
+    files.FailCall(1);  // the folder can't be created
+    Check(silent);
+    EXPECT_EQ(prompts.messages, silent ? Texts{} : Texts{L"<60>"});
+  }
+  EXPECT_TRUE(ftp.requests.empty());
+  prompts.messages.clear();
   ftp.remote.clear();
-  expect({L"<60>"});
-  files.FailCall(1);  // no folder can be created
   expect({L"<60>"});
   ftp.remote[L"/ostrelco/files/upd.dat"] = std::string(2 << 20, '=');
   expect({L"<60>"});
