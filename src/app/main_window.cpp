@@ -6,8 +6,10 @@
 #include "core/messages.h"
 #include "core/publisher.h"
 #include "core/text.h"
+#include "tools/about/about_mod.h"
 #include "tools/bulk/bulk_mod.h"
 #include "tools/burn/burn_mod.h"
+#include "tools/lister/lister_mod.h"
 #include "tools/playlist/pls_mod.h"
 #include "tools/setup/setup_mod.h"
 #include "update/updater.h"
@@ -58,9 +60,10 @@ Node MainWindow::Layout() {
   for (Button& button : context.page_btn) buttons.push_back(Stretch(1, button));
   return Margin(
       8, Column({Row(std::move(buttons)),
-                 Stretch(1, Stack({Framed(workfrm[0], AlbumLayout(album)), Framed(workfrm[2], BulkLayout(bulk)),
-                                   Framed(workfrm[3], PlaylistLayout(playlist)), Framed(workfrm[4], BurnLayout(burn)),
-                                   Framed(workfrm[5], SetupLayout(setup))})),
+                 Stretch(1, Stack({Framed(workfrm[0], AlbumLayout(album)), Framed(workfrm[1], ListerLayout(lister)),
+                                   Framed(workfrm[2], BulkLayout(bulk)), Framed(workfrm[3], PlaylistLayout(playlist)),
+                                   Framed(workfrm[4], BurnLayout(burn)), Framed(workfrm[5], SetupLayout(setup)),
+                                   Framed(workfrm[6], AboutLayout(about))})),
                  Row({Stretch(1, context.status_lbl), MinSize(160, 0, context.progress_box), context.cancel_btn})}));
 }
 
@@ -80,6 +83,8 @@ bool MainWindow::StartUp() try {
   LoadStyles();
   LoadIcons();
   ShowSamples(setup, context);
+  InitAboutPage(about, context, [this] { CheckForUpdate(context, false); });
+  InitListerPage(lister, context);
   InitBulkPage(bulk, context);
   InitBurnPage(burn, context);
   InitSetupPage(setup, context, [this] { transme(); });
@@ -132,7 +137,9 @@ void MainWindow::transme() {
   for (std::size_t i = 0; i < std::size(kPageButtons); ++i) {
     context.page_btn[i].SetText(DoubleAmpersands(context.Text(kPageButtons[i].caption)));
   }
+  TranslateAboutPage(about, context);
   TranslateAlbumPage(album, context);
+  TranslateListerPage(lister, context);
   TranslateBulkPage(bulk, context);
   TranslateBurnPage(burn, context);
   TranslateSetupPage(setup, context);

@@ -7,8 +7,10 @@
 #include "album/album_page.h"
 #include "core/context.h"
 #include "forms/form.h"
+#include "tools/about/about_page.h"
 #include "tools/bulk/bulk_page.h"
 #include "tools/burn/burn_page.h"
+#include "tools/lister/lister_page.h"
 #include "tools/playlist/playlist_page.h"
 #include "tools/setup/setup_page.h"
 
@@ -34,10 +36,12 @@ class MainWindow {
   Form form{"tagrix"};
 
   AlbumPage album;
+  ListerPage lister;
   BulkPage bulk;
   PlaylistPage playlist;
   BurnPage burn;
   SetupPage setup;
+  AboutPage about;
 
   std::array<Frame, 7> workfrm{Frame("workfrm0"), Frame("workfrm1"), Frame("workfrm2"), Frame("workfrm3"),
                                Frame("workfrm4"), Frame("workfrm5"), Frame("workfrm6")};
