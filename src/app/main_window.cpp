@@ -18,6 +18,7 @@ namespace tagrix {
 namespace {
 
 constexpr int kAboutPage = 6;
+constexpr int kPageButtonWidth = 124;  // the same for all, wider than the captions
 constexpr std::size_t kStyleCount = 148;
 
 // The page buttons' captions and icons, in their order.
@@ -41,13 +42,13 @@ MainWindow::MainWindow(Context& shared) : context(shared) {
   for (std::size_t i = 0; i < workfrm.size(); ++i) {
     const int page = static_cast<int>(i);
     context.page_btn[i].clicked = Command(context, [this, page] { ShowPage(page); });
-    workfrm[i].SetVisible(i == 0);
   }
+  ShowPage(0);
   // Not a command: it has to work while one runs.
   context.cancel_btn.clicked = [this] { context.cancelled = true; };
   context.quit = [this] { form.Close(); };
   form.canClose = [this] {
-    if (IsBusy(context)) return false;
+    if (IsBusy(context) || context.running) return false;
     context.cancelled = true;  // what still waits in the background (a silent update check) ends
     return true;
   };
@@ -57,7 +58,7 @@ MainWindow::MainWindow(Context& shared) : context(shared) {
 
 Node MainWindow::Layout() {
   std::vector<Node> buttons;
-  for (Button& button : context.page_btn) buttons.push_back(Stretch(1, button));
+  for (Button& button : context.page_btn) buttons.push_back(Stretch(1, MinSize(kPageButtonWidth, 0, button)));
   return Margin(
       8, Column({Row(std::move(buttons)),
                  Stretch(1, Stack({Framed(workfrm[0], AlbumLayout(album)), Framed(workfrm[1], ListerLayout(lister)),
@@ -129,7 +130,11 @@ void MainWindow::LoadIcons() {
 }
 
 void MainWindow::ShowPage(int page) {
-  for (std::size_t k = 0; k < workfrm.size(); ++k) workfrm[k].SetVisible(static_cast<int>(k) == page);
+  for (std::size_t k = 0; k < workfrm.size(); ++k) {
+    const bool shown = static_cast<int>(k) == page;
+    workfrm[k].SetVisible(shown);
+    context.page_btn[k].SetMarked(shown);
+  }
   if (page == kAboutPage) context.shell.PlaySoundFile(context.programFolder + L"\\OCsound.wav");
 }
 

@@ -28,10 +28,15 @@ class Button : public Control {
   const std::wstring& Image() const { return image_; }
   int ImageSize() const { return imageSize_; }
 
+  // Marked as the one of several that is in force: the button of the page in view. Shown on buttons with an image.
+  bool Marked() const { return marked_; }
+  void SetMarked(bool marked) { Set(marked_, marked, Change::Look); }
+
   std::function<void()> clicked;
 
  private:
   std::wstring image_;
+  bool marked_ = false;
   int imageSize_ = 32;
 };
 

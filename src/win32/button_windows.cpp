@@ -100,6 +100,10 @@ void ImageButton::DrawFace(HDC dc, RECT area, UINT state) const {
   InflateRect(&area, -1, -1);
   const UniqueBrush face(CreateSolidBrush(lively ? Mix(white, accent, pressed ? 25 : 10) : white));
   FillRect(dc, &area, face.Get());
+  if (!button_.Marked()) return;
+  const UniqueBrush mark(CreateSolidBrush(accent));
+  area.top = area.bottom - MulDiv(3, dpi_, 96);
+  FillRect(dc, &area, mark.Get());
 }
 
 void ImageButton::DrawContent(HDC dc, RECT area, UINT state) const {
