@@ -25,7 +25,7 @@ constexpr int kStepHeight = 34;
 Node Labelled(Label& label, Control& field) { return Row({MinSize(44, 0, label), Stretch(1, field)}); }
 
 // A tick with a sample of what it makes.
-Node Sampled(CheckBox& option, Label& sample) { return Row({MinSize(120, 0, option), Stretch(1, sample)}); }
+Node Sampled(CheckBox& option, Label& sample) { return Row({MinSize(150, 0, option), Stretch(1, sample)}); }
 
 Node Results(AlbumPage& page) {
   const Node albums =
