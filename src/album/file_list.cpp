@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "core/helpers.h"
 #include "core/messages.h"
@@ -62,9 +61,8 @@ void BrowseClicked(AlbumPage& page, Context& context) {
   const bool taggable = EqualIgnoringCase(page.format, L"mp3");
   page.ID3v1_chk.SetEnabled(taggable);
   page.ID3v2_chk.SetEnabled(taggable);
-  std::vector<std::wstring> names = FilesOfFormat(context.files, page.path_txt.Text(), page.format);
-  std::sort(names.begin(), names.end());
-  page.mp3_lst.Append(std::move(names));
+  page.mp3_lst.Append(FilesOfFormat(context.files, page.path_txt.Text(), page.format));
+  SortList(page.mp3_lst);
   UpdateFileButtons(page);
 }
 
