@@ -56,6 +56,7 @@ void EditField::ShowContent() {
   SendMessageW(Window(), EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
   const LONG_PTR behind = GetWindowTextLengthW(Window()) - static_cast<LONG_PTR>(caret);
   ShowText(box_.Text());
+  if (GetFocus() != Window()) return;
   const LONG_PTR place = std::max<LONG_PTR>(0, static_cast<LONG_PTR>(box_.Text().size()) - behind);
   SendMessageW(Window(), EM_SETSEL, static_cast<WPARAM>(place), place);
 }
