@@ -12,7 +12,7 @@ int main(int, char** arguments) {
   bool written = false;
   tagrix::Time("milliseconds", [&] {
     written = tagrix::WriteCatalogue(context, {.input = folder.path,
-                                               .target = folder.path + L"\\catalogue.txt",
+                                               .target = folder.path + L"catalogue.txt",
                                                .pattern = L"[%3] %1%2 (%4)",
                                                .formats = {L"MP3"},
                                                .recurse = true});

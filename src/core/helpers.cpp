@@ -78,9 +78,7 @@ bool SelectedInList(Context& context, const ListBox& list, std::wstring_view tex
 }
 
 void SortList(ListBox& list) {
-  std::vector<std::wstring> texts;
-  texts.reserve(static_cast<std::size_t>(list.Count()));
-  for (int i = 0; i < list.Count(); ++i) texts.push_back(list.ItemText(i));
+  std::vector<std::wstring> texts = list.Texts();
   std::sort(texts.begin(), texts.end());
   for (int i = 0; i < list.Count(); ++i) list.SetItemText(i, texts[static_cast<std::size_t>(i)]);
 }

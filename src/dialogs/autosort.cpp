@@ -67,12 +67,9 @@ void MeasureFiles(Autosort& dialog, Context& context, const std::wstring& folder
 
 void SortFiles(Autosort& dialog, Context& context, const ListBox& new_lst) {
   ListBox& lst = dialog.lst;
+  const std::vector<std::wstring> names = lst.Texts();
   std::vector<std::int32_t> files, tracks;
-  std::vector<std::wstring> names;
-  for (int i = 0; i < lst.Count(); ++i) {
-    files.push_back(lst.Value(i));
-    names.push_back(lst.ItemText(i));
-  }
+  for (int i = 0; i < lst.Count(); ++i) files.push_back(lst.Value(i));
   for (int i = 0; i < new_lst.Count(); ++i) tracks.push_back(new_lst.Value(i));
 
   const std::vector<int> order = MatchFiles(files, tracks, [&](std::size_t done) {
@@ -86,10 +83,8 @@ void SortFiles(Autosort& dialog, Context& context, const ListBox& new_lst) {
 }
 
 void CopyTexts(const ListBox& from, ListBox& to) {
-  std::vector<std::wstring> texts;
-  for (int i = 0; i < from.Count(); ++i) texts.push_back(from.ItemText(i));
   to.Clear();
-  to.Append(std::move(texts));
+  to.Append(from.Texts());
 }
 
 }  // namespace

@@ -19,6 +19,13 @@ void ListBox::Append(std::vector<std::wstring> texts) {
   Announce(Change::Items);
 }
 
+std::vector<std::wstring> ListBox::Texts() const {
+  std::vector<std::wstring> texts;
+  texts.reserve(items_.size());
+  for (const Item& item : items_) texts.push_back(item.text);
+  return texts;
+}
+
 void ListBox::SetItemText(int i, std::wstring text) { Set(At(i).text, std::move(text), Change::Items); }
 
 void ListBox::SetValue(int i, std::int32_t value) { Set(At(i).value, value, Change::Items); }

@@ -32,6 +32,7 @@ class ListBox : public Control {
   bool MultiSelect() const { return multiSelect_; }
   int Count() const { return static_cast<int>(items_.size()); }
   const std::wstring& ItemText(int i) const { return At(i).text; }
+  std::vector<std::wstring> Texts() const;
   std::int32_t Value(int i) const { return At(i).value; }
   void Add(std::wstring text, std::int32_t value = 0) { Insert(Count(), std::move(text), value); }
   void Append(std::vector<std::wstring> texts);  // many at once, announced once

@@ -22,11 +22,7 @@ struct Bulk : testing::Test, TestContext {
     }
     UpdateBulkGo(page);
   }
-  Paths Items() {
-    Paths paths;
-    for (int i = 0; i < page.bulk_lst.Count(); ++i) paths.push_back(page.bulk_lst.ItemText(i));
-    return paths;
-  }
+  Paths Items() { return page.bulk_lst.Texts(); }
   BulkPage page;
 };
 
