@@ -1,0 +1,291 @@
+#include "ui/driver.h"
+
+// Needs windows.h before it.
+#include <commctrl.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace tagrix::ui {
+namespace {
+
+constexpr const wchar_t* kNameProperty = L"TagrixControl";
+constexpr const wchar_t* kKey = L"Software\\Ostrel Corp.\\Tagrix";
+
+// The name that the program has hung on a window; empty when it has none.
+std::string NameOf(HWND window) {
+  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, kNameProperty)));
+  char name[256] = "";
+  return std::string(name, atom == 0 ? 0 : GlobalGetAtomNameA(atom, name, static_cast<int>(std::size(name))));
+}
+
+template <typename Visit>
+void EachChild(HWND parent, Visit visit) {
+  EnumChildWindows(
+      parent,
+      [](HWND window, LPARAM context) -> BOOL {
+        (*reinterpret_cast<Visit*>(context))(window);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&visit));
+}
+
+std::wstring ClassOf(HWND window) {
+  wchar_t name[64] = L"";
+  return std::wstring(name, static_cast<size_t>(GetClassNameW(window, name, static_cast<int>(std::size(name)))));
+}
+
+// Asks a window of the program, which may have ended meanwhile.
+LRESULT Ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
+  DWORD_PTR result = 0;
+  SendMessageTimeoutW(window, message, w, l, SMTO_NORMAL, 20'000, &result);
+  return static_cast<LRESULT>(result);
+}
+
+std::wstring TextOf(HWND window) {
+  std::wstring text(static_cast<size_t>(Ask(window, WM_GETTEXTLENGTH)) + 1, L'\0');
+  text.resize(static_cast<size_t>(Ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+  return text;
+}
+
+bool IsUsable(HWND window) {
+  for (; window != nullptr; window = GetAncestor(window, GA_PARENT)) {
+    if (!IsWindowEnabled(window)) return false;
+  }
+  return true;
+}
+
+void Send(const INPUT& input) {
+  INPUT one = input;
+  SendInput(1, &one, sizeof one);
+}
+
+void SendKey(WORD key, wchar_t character, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = key;
+  input.ki.wScan = character;
+  input.ki.dwFlags = flags;
+  Send(input);
+}
+
+void ClickAt(POINT point, bool twice) {
+  SetCursorPos(point.x, point.y);
+  for (const DWORD event : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = event;
+    Send(input);
+    if (event == MOUSEEVENTF_LEFTUP && !twice) break;
+  }
+}
+
+void ClickMiddle(HWND window) {
+  SetForegroundWindow(GetAncestor(window, GA_ROOT));
+  RECT area;
+  GetWindowRect(window, &area);
+  ClickAt({(area.left + area.right) / 2, (area.top + area.bottom) / 2}, false);
+}
+
+// Memory of another process, in which it can answer a message.
+class RemoteMemory {
+ public:
+  RemoteMemory(HANDLE process, size_t size)
+      : process_(process),
+        address_(static_cast<char*>(VirtualAllocEx(process, nullptr, size, MEM_COMMIT, PAGE_READWRITE))) {}
+  ~RemoteMemory() { VirtualFreeEx(process_, address_, 0, MEM_RELEASE); }
+  RemoteMemory(const RemoteMemory&) = delete;
+  RemoteMemory& operator=(const RemoteMemory&) = delete;
+
+  char* Address() const { return address_; }
+  void Write(const void* bytes, size_t size) const { WriteProcessMemory(process_, address_, bytes, size, nullptr); }
+  void Read(size_t offset, void* bytes, size_t size) const {
+    ReadProcessMemory(process_, address_ + offset, bytes, size, nullptr);
+  }
+
+ private:
+  HANDLE process_;
+  char* address_;
+};
+
+}  // namespace
+
+bool Until(const std::function<bool()>& condition, int milliseconds) {
+  for (const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(milliseconds); !condition(); Sleep(20)) {
+    if (GetTickCount64() > end) return condition();
+  }
+  return true;
+}
+
+void SetSetting(const std::wstring& name, const std::wstring& text) {
+  RegSetKeyValueW(HKEY_CURRENT_USER, kKey, name.c_str(), REG_SZ, text.c_str(),
+                  static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+}
+
+std::wstring Setting(const std::wstring& name) {
+  wchar_t text[1024] = L"";
+  DWORD size = sizeof text;
+  RegGetValueW(HKEY_CURRENT_USER, kKey, name.c_str(), RRF_RT_REG_SZ, nullptr, text, &size);
+  return text;
+}
+
+void ClearSettings() { RegDeleteTreeW(HKEY_CURRENT_USER, kKey); }
+
+void Press(WORD key, WORD held) {
+  if (held != 0) SendKey(held, 0, 0);
+  SendKey(key, 0, 0);
+  SendKey(key, 0, KEYEVENTF_KEYUP);
+  if (held != 0) SendKey(held, 0, KEYEVENTF_KEYUP);
+}
+
+void Type(const std::wstring& text) {
+  for (const wchar_t c : text) {
+    SendKey(0, c, KEYEVENTF_UNICODE);
+    SendKey(0, c, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
+  }
+}
+
+Program::Program(const std::filesystem::path& executable) {
+  std::wstring command = L"\"" + executable.wstring() + L"\"";
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION started{};
+  if (!CreateProcessW(executable.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                      executable.parent_path().c_str(), &start, &started)) {
+    throw std::runtime_error("cannot start " + executable.string());
+  }
+  CloseHandle(started.hThread);
+  process_.Reset(started.hProcess);
+  id_ = started.dwProcessId;
+}
+
+Program::~Program() {
+  if (Ends(0)) return;
+  TerminateProcess(process_.Get(), 1);
+  WaitForSingleObject(process_.Get(), 10'000);
+}
+
+bool Program::Ends(int milliseconds) const {
+  return WaitForSingleObject(process_.Get(), static_cast<DWORD>(milliseconds)) == WAIT_OBJECT_0;
+}
+
+std::vector<HWND> Program::TopWindows() const {
+  std::vector<HWND> all;
+  EnumWindows(
+      [](HWND window, LPARAM found) -> BOOL {
+        if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&all));
+  std::erase_if(all, [this](HWND window) {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    return owner != id_;
+  });
+  return all;
+}
+
+HWND Program::FindVisible(const std::string& name) const {
+  for (const HWND top : TopWindows()) {
+    HWND found = NameOf(top) == name ? top : nullptr;
+    EachChild(top, [&](HWND window) {
+      if (found == nullptr && IsWindowVisible(window) && NameOf(window) == name) found = window;
+    });
+    if (found != nullptr) return found;
+  }
+  return nullptr;
+}
+
+HWND Program::Window(const std::string& name) const {
+  HWND window = nullptr;
+  if (!Until([&] { return (window = FindVisible(name)) != nullptr; })) {
+    throw std::runtime_error("nothing shows " + name);
+  }
+  return window;
+}
+
+HWND Program::Usable(const std::string& name) const {
+  HWND window = nullptr;
+  if (!Until([&] { return (window = FindVisible(name)) != nullptr && IsUsable(window); }, 60'000)) {
+    throw std::runtime_error("cannot use " + name);
+  }
+  return window;
+}
+
+bool Program::Enabled(const std::string& name) const { return IsUsable(Window(name)); }
+
+std::wstring Program::Text(const std::string& name) const { return TextOf(Window(name)); }
+
+bool Program::Ticked(const std::string& name) const { return Ask(Window(name), BM_GETCHECK) == BST_CHECKED; }
+
+std::vector<std::wstring> Program::Rows(const std::string& list) const {
+  constexpr size_t kLength = 512;
+  const HWND window = Window(list);
+  const RemoteMemory memory(process_.Get(), sizeof(LVITEMW) + kLength * sizeof(wchar_t));
+  LVITEMW item{};
+  item.cchTextMax = kLength;
+  item.pszText = reinterpret_cast<wchar_t*>(memory.Address() + sizeof item);
+  memory.Write(&item, sizeof item);
+  std::vector<std::wstring> rows;
+  for (LRESULT row = 0, count = Ask(window, LVM_GETITEMCOUNT); row < count; ++row) {
+    wchar_t text[kLength] = L"";
+    Ask(window, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory.Address()));
+    memory.Read(sizeof item, text, sizeof text);
+    text[kLength - 1] = L'\0';
+    rows.emplace_back(text);
+  }
+  return rows;
+}
+
+void Program::Click(const std::string& name) const { ClickMiddle(Usable(name)); }
+
+void Program::ClickRow(const std::string& list, int row, bool twice) const {
+  const HWND window = Usable(list);
+  SetForegroundWindow(GetAncestor(window, GA_ROOT));
+  Ask(window, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+  RECT area{};
+  area.left = LVIR_LABEL;
+  const RemoteMemory memory(process_.Get(), sizeof area);
+  memory.Write(&area, sizeof area);
+  Ask(window, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory.Address()));
+  memory.Read(0, &area, sizeof area);
+  POINT point{area.left + 10, (area.top + area.bottom) / 2};
+  ClientToScreen(window, &point);
+  ClickAt(point, twice);
+}
+
+void Program::Fill(const std::string& name, const std::wstring& text) const {
+  Click(name);
+  Press('A', VK_CONTROL);
+  Press(VK_DELETE);
+  Type(text);
+  if (!Until([&] { return Text(name) == text; })) throw std::runtime_error("cannot type into " + name);
+}
+
+void Program::Close(const std::string& form) const { PostMessageW(Window(form), WM_SYSCOMMAND, SC_CLOSE, 0); }
+
+HWND Program::FindMessageBox() const {
+  const std::vector<HWND> windows = TopWindows();
+  const auto found = std::find_if(windows.begin(), windows.end(),
+                                  [](HWND window) { return ClassOf(window) == L"#32770" && NameOf(window).empty(); });
+  return found == windows.end() ? nullptr : *found;
+}
+
+std::wstring Program::Message() const {
+  HWND box = nullptr;
+  if (!Until([&] { return (box = FindMessageBox()) != nullptr; }, 60'000)) throw std::runtime_error("no message");
+  std::wstring text;
+  EachChild(box, [&](HWND window) {
+    if (ClassOf(window) == L"Static" && text.empty()) text = TextOf(window);
+  });
+  return text;
+}
+
+void Program::Answer(int button) const {
+  Message();
+  const HWND box = FindMessageBox();
+  ClickMiddle(GetDlgItem(box, button));
+  if (!Until([&] { return IsWindow(box) == FALSE; })) throw std::runtime_error("the message stays");
+}
+
+}  // namespace tagrix::ui

@@ -1,0 +1,41 @@
+#include "ui/ui_fixture.h"
+
+#include <cstdlib>
+
+namespace tagrix::ui {
+
+namespace fs = std::filesystem;
+
+fs::path PathFrom(const wchar_t* variable) {
+  const wchar_t* path = _wgetenv(variable);
+  return path == nullptr ? fs::path() : fs::path(L"Z:" + std::wstring(path)).make_preferred();
+}
+
+void UiTest::SetUp() {
+  ClearSettings();
+  const fs::path program = PathFrom(L"TAGRIX_PROGRAM");
+  ASSERT_TRUE(fs::exists(program)) << program;
+  folder_ = fs::temp_directory_path() / "tagrix.ui";
+  fs::remove_all(folder_);
+  fs::create_directories(folder_);
+  for (const auto& entry : fs::directory_iterator(program.parent_path())) {
+    const fs::path ending = entry.path().extension();
+    const bool data = ending == ".exe" || ending == ".lf" || ending == ".dat" || ending == ".wav";
+    if (data || entry.path().filename() == "skin") {
+      fs::copy(entry.path(), folder_ / entry.path().filename(), fs::copy_options::recursive);
+    }
+  }
+}
+
+void UiTest::TearDown() {
+  if (HasFailure()) Picture(" failed");
+  program_.reset();
+  ClearSettings();
+}
+
+void UiTest::Picture(const std::string& suffix) {
+  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+  SaveScreenshot(PathFrom(L"TAGRIX_SCREENSHOTS") / (std::string(test.name()) + suffix + ".png"));
+}
+
+}  // namespace tagrix::ui
