@@ -80,7 +80,7 @@ TEST_F(AlbumRoadTest, NamesAndTagsAnAlbumAndTakesItBack) {
   program.Click("fetch_btn");
   ASSERT_TRUE(Until([&] { return program.Rows("tracks_lst").size() == 8; }));
   EXPECT_EQ(program.Rows("tracks_lst")[1], L"[02] Tin Roof Rain");
-  EXPECT_EQ(program.Text("artist_txt"), L"The Paper Lanterns");
+  EXPECT_EQ(program.Text("artist_txt"), L"The Paper Lanterns ");
   EXPECT_EQ(program.Text("album_txt"), L"Harbour Lights");
   Picture(" 4 disc");
 

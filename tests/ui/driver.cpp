@@ -69,19 +69,33 @@ void SendKey(WORD key, wchar_t character, DWORD flags) {
   Send(input);
 }
 
+// Each event carries the place, so that a window that appears under the pointer meanwhile changes nothing.
 void ClickAt(POINT point, bool twice) {
-  SetCursorPos(point.x, point.y);
-  for (const DWORD event : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = event;
-    Send(input);
-    if (event == MOUSEEVENTF_LEFTUP && !twice) break;
+  constexpr int kWhole = 65536;  // the width and the height of the screen in the units of mouse events
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  input.mi.dx = (point.x * kWhole + kWhole / 2) / GetSystemMetrics(SM_CXSCREEN);
+  input.mi.dy = (point.y * kWhole + kWhole / 2) / GetSystemMetrics(SM_CYSCREEN);
+  for (int clicks = twice ? 2 : 1; clicks > 0; --clicks) {
+    for (const DWORD event : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+      input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | event;
+      Send(input);
+    }
   }
 }
 
+// Makes the window's form the active one. The focus that a new form takes when it has appeared would end a click that
+// has just begun: nobody clicks that fast.
+void Activate(HWND window) {
+  constexpr DWORD kMoment = 150;  // milliseconds
+  const HWND form = GetAncestor(window, GA_ROOT);
+  SetForegroundWindow(form);
+  Until([&] { return GetForegroundWindow() == form; }, 2000);
+  Sleep(kMoment);
+}
+
 void ClickMiddle(HWND window) {
-  SetForegroundWindow(GetAncestor(window, GA_ROOT));
+  Activate(window);
   RECT area;
   GetWindowRect(window, &area);
   ClickAt({(area.left + area.right) / 2, (area.top + area.bottom) / 2}, false);
@@ -241,7 +255,7 @@ void Program::Click(const std::string& name) const { ClickMiddle(Usable(name)); 
 
 void Program::ClickRow(const std::string& list, int row, bool twice) const {
   const HWND window = Usable(list);
-  SetForegroundWindow(GetAncestor(window, GA_ROOT));
+  Activate(window);
   Ask(window, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
   RECT area{};
   area.left = LVIR_LABEL;

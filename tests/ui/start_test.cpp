@@ -11,13 +11,13 @@ using StartTest = UiTest;
 TEST_F(StartTest, ShowsEachPageAtAClick) {
   const Program& program = Start();
   // A control of each page, in the order of the buttons.
-  const char* shown[] = {"mp3_lst",  "lister_go_btn", "bulk_lst",      "pls_lst",
-                         "burn_lst", "setup_lngcmb",  "about_site_btn"};
+  const char* shown[] = {"mp3_lst",  "lister_input_txt", "bulk_lst",        "pls_lst",
+                         "burn_lst", "setup_lngcmb",     "about_update_btn"};
   for (int page = 6; page >= 0; --page) {
     program.Click("page_btn" + std::to_string(page));
     EXPECT_TRUE(Until([&] { return program.Shows(shown[page]); })) << shown[page];
     for (int other = 0; other < 7; ++other) {
-      if (other != page) EXPECT_FALSE(program.Shows(shown[other])) << shown[other] << " on page " << page;
+      EXPECT_EQ(program.Shows(shown[other]), other == page) << shown[other] << " on page " << page;
     }
     Picture(std::to_string(page));
   }
@@ -58,6 +58,14 @@ TEST_F(StartTest, StartsWithoutGenres) {
   EXPECT_NE(program.Message().find(L"styles.dat"), std::wstring::npos);
   program.Answer(IDOK);
   EXPECT_FALSE(program.Enabled("helpgenre_btn"));
+}
+
+TEST_F(StartTest, AsksForTheBurningProgram) {
+  InstallBurner(false);
+  const Program& program = Start();
+  EXPECT_NE(program.Message().find(L"CopyToDVD"), std::wstring::npos);
+  program.Answer(IDNO);
+  EXPECT_TRUE(program.Enabled("browse_btn"));
 }
 
 TEST_F(StartTest, SpeaksTheLanguageOfTheSettings) {

@@ -1,6 +1,7 @@
 #include "ui/ui_fixture.h"
 
 #include <cstdlib>
+#include <fstream>
 
 namespace tagrix::ui {
 
@@ -18,6 +19,7 @@ void UiTest::SetUp() {
   folder_ = fs::temp_directory_path() / "tagrix.ui";
   fs::remove_all(folder_);
   fs::create_directories(folder_);
+  InstallBurner(true);
   for (const auto& entry : fs::directory_iterator(program.parent_path())) {
     const fs::path ending = entry.path().extension();
     const bool data = ending == ".exe" || ending == ".lf" || ending == ".dat" || ending == ".wav";
@@ -30,7 +32,19 @@ void UiTest::SetUp() {
 void UiTest::TearDown() {
   if (HasFailure()) Picture(" failed");
   program_.reset();
+  InstallBurner(false);
   ClearSettings();
+}
+
+void UiTest::InstallBurner(bool install) const {
+  constexpr const wchar_t *kKey = L"Software\\VSO", *kValue = L"CopyToDVD";
+  const std::wstring folder = folder_.wstring() + L"\\burner\\";
+  RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue);
+  if (!install) return;
+  fs::create_directories(folder);
+  std::ofstream(fs::path(folder) / "copytocd.exe");
+  RegSetKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue, REG_SZ, folder.c_str(),
+                  static_cast<DWORD>((folder.size() + 1) * sizeof(wchar_t)));
 }
 
 void UiTest::Picture(const std::string& suffix) {

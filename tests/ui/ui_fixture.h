@@ -17,6 +17,8 @@ class UiTest : public testing::Test {
   void SetUp() override;
   void TearDown() override;
 
+  // Without the burning program every start begins with a question.
+  void InstallBurner(bool install) const;
   Program& Start() { return program_.emplace(folder_ / "tagrix.exe"); }
   // A picture named after the test.
   static void Picture(const std::string& suffix);
