@@ -69,36 +69,51 @@ void SendKey(WORD key, wchar_t character, DWORD flags) {
   Send(input);
 }
 
-// Each event carries the place, so that a window that appears under the pointer meanwhile changes nothing.
-void ClickAt(POINT point, bool twice) {
+// Moves the pointer there and presses or releases the button in one event, so that a window that appears under the
+// pointer meanwhile changes nothing.
+void Mouse(POINT point, DWORD event) {
   constexpr int kWhole = 65536;  // the width and the height of the screen in the units of mouse events
   INPUT input{};
   input.type = INPUT_MOUSE;
   input.mi.dx = (point.x * kWhole + kWhole / 2) / GetSystemMetrics(SM_CXSCREEN);
   input.mi.dy = (point.y * kWhole + kWhole / 2) / GetSystemMetrics(SM_CYSCREEN);
-  for (int clicks = twice ? 2 : 1; clicks > 0; --clicks) {
-    for (const DWORD event : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
-      input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | event;
-      Send(input);
-    }
-  }
+  input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | event;
+  Send(input);
 }
 
-// Makes the window's form the active one. The focus that a new form takes when it has appeared would end a click that
-// has just begun: nobody clicks that fast.
+void ClickAt(POINT point) {
+  Mouse(point, MOUSEEVENTF_LEFTDOWN);
+  Mouse(point, MOUSEEVENTF_LEFTUP);
+}
+
 void Activate(HWND window) {
-  constexpr DWORD kMoment = 150;  // milliseconds
   const HWND form = GetAncestor(window, GA_ROOT);
   SetForegroundWindow(form);
   Until([&] { return GetForegroundWindow() == form; }, 2000);
-  Sleep(kMoment);
 }
 
+// Whether a button is held down by the mouse.
+bool IsHeld(HWND button) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  return GetGUIThreadInfo(GetWindowThreadProcessId(button, nullptr), &info) && info.hwndCapture == button;
+}
+
+// The focus that a new form takes when it has appeared ends a click that has just begun: then it is made again.
 void ClickMiddle(HWND window) {
   Activate(window);
   RECT area;
   GetWindowRect(window, &area);
-  ClickAt({(area.left + area.right) / 2, (area.top + area.bottom) / 2}, false);
+  const POINT middle{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+  if (ClassOf(window) != L"Button") return ClickAt(middle);
+  bool held = false;
+  for (int tries = 0; !held && tries < 5 && IsWindow(window); ++tries) {
+    Mouse(middle, MOUSEEVENTF_LEFTDOWN);
+    held = Until([&] { return IsHeld(window); }, 3000);
+    Sleep(50);
+    held = held && IsHeld(window);
+    Mouse(middle, MOUSEEVENTF_LEFTUP);
+  }
 }
 
 // Memory of another process, in which it can answer a message.
@@ -265,7 +280,8 @@ void Program::ClickRow(const std::string& list, int row, bool twice) const {
   memory.Read(0, &area, sizeof area);
   POINT point{area.left + 10, (area.top + area.bottom) / 2};
   ClientToScreen(window, &point);
-  ClickAt(point, twice);
+  ClickAt(point);
+  if (twice) ClickAt(point);
 }
 
 void Program::Fill(const std::string& name, const std::wstring& text) const {
