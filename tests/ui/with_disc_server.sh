@@ -9,8 +9,8 @@ sample=$root/build/sample/${record##*/}
 server=$(find "$root"/build/{asan,native} -type f -name discserver -perm -u+x -print -quit 2>/dev/null || true)
 
 if [ -n "$server" ] && command -v sox lame >/dev/null; then
-  if [ ! -e "$sample" ]; then
-    rm -rf "$sample.new"
+  if [ ! "$sample" -nt "$root/scripts/make_sample" ]; then
+    rm -rf "$sample" "$sample.new"
     "$root/scripts/make_sample" "$record" "$sample.new"
     mv "$sample.new" "$sample"
   fi
