@@ -21,16 +21,16 @@ class WinProcess : public Process {
   UniqueKernel process_;
 };
 
-// What follows the program's name in a command line.
-std::wstring Arguments(const std::wstring& commandLine) {
+// What follows the program's name in a command line; the name may hold blanks without being quoted.
+std::wstring Arguments(const std::wstring& program, const std::wstring& commandLine) {
   const bool quoted = commandLine.starts_with(L'"');
-  const size_t end = commandLine.find(quoted ? L'"' : L' ', 1);
-  const size_t start = end == commandLine.npos ? end : commandLine.find_first_not_of(L' ', end + 1);
+  const size_t end = commandLine.starts_with(program) ? program.size() : commandLine.find(quoted ? L'"' : L' ', 1);
+  const size_t start = end == commandLine.npos ? end : commandLine.find_first_not_of(L' ', quoted ? end + 1 : end);
   return start == commandLine.npos ? std::wstring() : commandLine.substr(start);
 }
 
 std::unique_ptr<Process> StartByShell(const std::wstring& program, const std::wstring& commandLine) {
-  const std::wstring arguments = Arguments(commandLine);
+  const std::wstring arguments = Arguments(program, commandLine);
   SHELLEXECUTEINFOW start{};
   start.cbSize = sizeof start;
   start.fMask = SEE_MASK_NOCLOSEPROCESS | SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
@@ -56,8 +56,8 @@ std::unique_ptr<Process> WinShell::Start(const std::wstring& program, const std:
   start.wShowWindow = SW_SHOWNORMAL;
   PROCESS_INFORMATION started{};
   std::wstring writable = commandLine;
-  if (!CreateProcessW(program.c_str(), writable.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS, nullptr,
-                      nullptr, &start, &started)) {
+  if (!CreateProcessW(program.c_str(), writable.data(), nullptr, nullptr, TRUE, NORMAL_PRIORITY_CLASS, nullptr, nullptr,
+                      &start, &started)) {
     return GetLastError() == kElevationRequired ? StartByShell(program, commandLine) : nullptr;
   }
   CloseHandle(started.hThread);
