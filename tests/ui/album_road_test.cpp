@@ -93,6 +93,7 @@ TEST_F(AlbumRoadTest, NamesAndTagsAnAlbumAndTakesItBack) {
   EXPECT_EQ(program.Message(), L"Done.");
   program.Answer(IDOK);
   Picture(" 6 applied");
+  if (const fs::path kept = PathFrom(L"TAGRIX_ALBUM"); !kept.empty()) fs::copy(album_, kept);
 
   const std::vector<std::wstring> after = NamesIn(album_);
   ASSERT_EQ(after.size(), 9U);  // and the playlist

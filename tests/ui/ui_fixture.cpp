@@ -49,6 +49,7 @@ void UiTest::InstallBurner(bool install) const {
 
 void UiTest::Picture(const std::string& suffix) {
   const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+  Sleep(500);  // the screen follows a moment later
   SaveScreenshot(PathFrom(L"TAGRIX_SCREENSHOTS") / (std::string(test.name()) + suffix + ".png"));
 }
 

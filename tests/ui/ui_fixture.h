@@ -11,7 +11,8 @@
 
 namespace tagrix::ui {
 
-// TAGRIX_PROGRAM names the program, TAGRIX_SCREENSHOTS the folder that gets a picture of every failure.
+// TAGRIX_PROGRAM names the program, TAGRIX_SCREENSHOTS the folder that gets a picture of every failure and of the steps
+// of the album road, TAGRIX_ALBUM, when it is set, a new folder that gets the tagged album.
 class UiTest : public testing::Test {
  protected:
   void SetUp() override;
