@@ -143,10 +143,12 @@ int RoundToInteger(double value) {
 }
 
 std::wstring Decimals(double value, int places, wchar_t separator) {
-  const auto steps = static_cast<std::int64_t>(std::pow(10, places));
+  std::int64_t steps = 1;
+  for (int i = 0; i < places; ++i) steps *= 10;
   const std::int64_t units = std::llround(std::abs(value) * static_cast<double>(steps));
-  std::wstring text = (value < 0 && units > 0 ? L"-" : L"") + std::to_wstring(units / steps);
-  if (places > 0) text += separator + std::to_wstring(steps + units % steps).substr(1);
+  // std::to_string is much quicker than std::to_wstring, and catalogues hold a number a line.
+  std::wstring text = (value < 0 && units > 0 ? L"-" : L"") + Widen(std::to_string(units / steps));
+  if (places > 0) text += separator + Widen(std::to_string(steps + units % steps)).substr(1);
   return text;
 }
 

@@ -17,8 +17,10 @@ namespace tagrix {
 namespace {
 
 void ShowBulkProgress(BulkPage& page, Context& context, int percent) {
-  page.bulk_cur_bar.SetPercent(percent);
-  page.bulk_cur_hst.SetText(percent == 0 ? std::wstring() : std::to_wstring(percent) + L" %");
+  if (percent != page.bulk_cur_bar.Percent()) {
+    page.bulk_cur_bar.SetPercent(percent);
+    page.bulk_cur_hst.SetText(percent == 0 ? std::wstring() : std::to_wstring(percent) + L" %");
+  }
   context.events.DoEvents();
 }
 
