@@ -28,16 +28,25 @@ present() {
 apt_get() {
   local as_root=()
   if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || { echo "Please run this as root once, or install sudo, to install: ${*:2}" >&2; return 1; }
+    if ! command -v sudo >/dev/null; then
+      echo "Please run this as root once, or install sudo, to install: ${*:2}" >&2
+      return 1
+    fi
     as_root=(sudo)
   fi
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y --no-install-recommends "$@" >&2
 }
 
-native_packages=(g++:g++ cmake:cmake ninja-build:ninja googletest:/usr/src/googletest/CMakeLists.txt)
-windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix wine:wine wine64:/usr/lib/wine/wine64 xvfb:Xvfb
+# The build tool that is there.
+generator() { command -v ninja >/dev/null && echo Ninja || echo "Unix Makefiles"; }
+
+native_packages=(g++:g++ cmake:cmake googletest:/usr/src/googletest/CMakeLists.txt)
+present make || native_packages+=(ninja-build:ninja)
+windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix
+                  wine:wine wine64:/usr/lib/wine/wine64 xvfb:Xvfb
                   libxrender1:/usr/lib/*/libXrender.so.1 libxcursor1:/usr/lib/*/libXcursor.so.1
                   libxrandr2:/usr/lib/*/libXrandr.so.2 libxi6:/usr/lib/*/libXi.so.6
-                  fonts-wine:/usr/share/wine/fonts/tahoma.ttf fonts-liberation:/usr/share/fonts/truetype/liberation)
+                  fonts-wine:/usr/share/wine/fonts/tahoma.ttf
+                  fonts-liberation:/usr/share/fonts/truetype/liberation)
 disc_server_packages=(libcpp-httplib-dev:/usr/include/httplib.h pkg-config:pkg-config)
 music_packages=(lame:lame sox:sox)

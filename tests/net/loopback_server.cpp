@@ -10,12 +10,15 @@
 #include <unistd.h>
 #endif
 
+#include <stdexcept>
+
 namespace tagrix {
 namespace {
 
 #ifdef _WIN32
 using Socket = SOCKET;
 using SocketSize = int;
+using PieceSize = int;
 void CloseSocket(Socket socket) { closesocket(socket); }
 void Start() {
   WSADATA data;
@@ -25,6 +28,7 @@ constexpr int kNoSignal = 0;
 #else
 using Socket = int;
 using SocketSize = socklen_t;
+using PieceSize = size_t;
 void CloseSocket(Socket socket) { close(socket); }
 void Start() {}
 constexpr int kNoSignal = MSG_NOSIGNAL;
@@ -45,7 +49,7 @@ std::intptr_t Bind(int& port) {
   const Socket listener = socket(AF_INET, SOCK_STREAM, 0);
   sockaddr_in address = Loopback(0);
   const auto at = reinterpret_cast<sockaddr*>(&address);
-  bind(listener, at, sizeof address);
+  if (bind(listener, at, sizeof address) != 0) throw std::runtime_error("no port on the loopback");
   SocketSize size = sizeof address;
   getsockname(listener, at, &size);
   port = ntohs(address.sin_port);
@@ -80,7 +84,7 @@ std::string Peer::ReadAll() { return ReadTo({}); }
 
 bool Peer::Write(std::string_view bytes) {
   while (!bytes.empty()) {
-    const auto piece = static_cast<int>(bytes.size() < 65536 ? bytes.size() : 65536);
+    const auto piece = static_cast<PieceSize>(bytes.size() < 65536 ? bytes.size() : 65536);
     const auto count = send(As(socket_), bytes.data(), piece, kNoSignal);
     if (count <= 0) return false;
     bytes.remove_prefix(static_cast<size_t>(count));
@@ -115,7 +119,7 @@ LoopbackServer::~LoopbackServer() {
   // A last connection wakes the thread when it waits for one.
   const Socket waker = socket(AF_INET, SOCK_STREAM, 0);
   const sockaddr_in address = Loopback(port_);
-  connect(waker, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+  (void)connect(waker, reinterpret_cast<const sockaddr*>(&address), sizeof address);
   thread_.join();
   CloseSocket(waker);
   CloseSocket(As(listener_));
