@@ -1,7 +1,6 @@
 // The whole way from a folder of unnamed MP3 files to a tagged album and back, with a real disc server.
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
 #include <vector>
 
 #include "ui/ui_fixture.h"
@@ -10,18 +9,6 @@ namespace tagrix::ui {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<std::wstring> NamesIn(const fs::path& folder) {
-  std::vector<std::wstring> names;
-  for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename().wstring());
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-std::string Bytes(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 class AlbumRoadTest : public UiTest {
  protected:

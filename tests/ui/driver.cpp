@@ -247,11 +247,12 @@ std::wstring Program::Text(const std::string& name) const { return TextOf(Window
 
 bool Program::Ticked(const std::string& name) const { return Ask(Window(name), BM_GETCHECK) == BST_CHECKED; }
 
-std::vector<std::wstring> Program::Rows(const std::string& list) const {
+std::vector<std::wstring> Program::Rows(const std::string& list, int column) const {
   constexpr size_t kLength = 512;
   const HWND window = Window(list);
   const RemoteMemory memory(process_.Get(), sizeof(LVITEMW) + kLength * sizeof(wchar_t));
   LVITEMW item{};
+  item.iSubItem = column;
   item.cchTextMax = kLength;
   item.pszText = reinterpret_cast<wchar_t*>(memory.Address() + sizeof item);
   memory.Write(&item, sizeof item);

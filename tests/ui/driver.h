@@ -41,7 +41,7 @@ class Program {
   bool Shows(const std::string& name) const { return FindVisible(name) != nullptr; }
   bool Enabled(const std::string& name) const;
   std::wstring Text(const std::string& name) const;
-  std::vector<std::wstring> Rows(const std::string& list) const;
+  std::vector<std::wstring> Rows(const std::string& list, int column = 0) const;
   bool Ticked(const std::string& name) const;
 
   // Real clicks, once the control can be used.

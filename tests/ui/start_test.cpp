@@ -60,14 +60,6 @@ TEST_F(StartTest, StartsWithoutGenres) {
   EXPECT_FALSE(program.Enabled("helpgenre_btn"));
 }
 
-TEST_F(StartTest, AsksForTheBurningProgram) {
-  InstallBurner(false);
-  const Program& program = Start();
-  EXPECT_NE(program.Message().find(L"CopyToDVD"), std::wstring::npos);
-  program.Answer(IDNO);
-  EXPECT_TRUE(program.Enabled("browse_btn"));
-}
-
 TEST_F(StartTest, SpeaksTheLanguageOfTheSettings) {
   SetSetting(L"langue", L" french ");
   const Program& program = Start();

@@ -1,5 +1,6 @@
 #include "ui/ui_fixture.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 
@@ -10,6 +11,18 @@ namespace fs = std::filesystem;
 fs::path PathFrom(const wchar_t* variable) {
   const wchar_t* path = _wgetenv(variable);
   return path == nullptr ? fs::path() : fs::path(L"Z:" + std::wstring(path)).make_preferred();
+}
+
+std::vector<std::wstring> NamesIn(const fs::path& folder) {
+  std::vector<std::wstring> names;
+  for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename().wstring());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string Bytes(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 void UiTest::SetUp() {
@@ -38,11 +51,13 @@ void UiTest::TearDown() {
 
 void UiTest::InstallBurner(bool install) const {
   constexpr const wchar_t *kKey = L"Software\\VSO", *kValue = L"CopyToDVD";
-  const std::wstring folder = folder_.wstring() + L"\\burner\\";
+  const std::wstring folder = BurnerFolder().wstring() + L"\\";
   RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue);
   if (!install) return;
-  fs::create_directories(folder);
-  std::ofstream(fs::path(folder) / "copytocd.exe");
+  fs::create_directories(BurnerFolder());
+  wchar_t tests[MAX_PATH] = L"";
+  GetModuleFileNameW(nullptr, tests, MAX_PATH);
+  fs::copy(fs::path(tests).parent_path() / "copytocd.exe", BurnerFolder() / "copytocd.exe");
   RegSetKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue, REG_SZ, folder.c_str(),
                   static_cast<DWORD>((folder.size() + 1) * sizeof(wchar_t)));
 }

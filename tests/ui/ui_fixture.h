@@ -6,6 +6,8 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "ui/driver.h"
 
@@ -18,8 +20,10 @@ class UiTest : public testing::Test {
   void SetUp() override;
   void TearDown() override;
 
-  // Without the burning program every start begins with a question.
+  // Without the burning program every start begins with a question. The one that is installed here is a stand-in, in
+  // a folder with a blank in its name.
   void InstallBurner(bool install) const;
+  std::filesystem::path BurnerFolder() const { return folder_ / "my burner"; }
   Program& Start() { return program_.emplace(folder_ / "tagrix.exe"); }
   // A picture named after the test.
   static void Picture(const std::string& suffix);
@@ -30,6 +34,11 @@ class UiTest : public testing::Test {
 
 // A path of the system below Wine, as Windows sees it; empty when the variable is not set.
 std::filesystem::path PathFrom(const wchar_t* variable);
+
+// The names in a folder, sorted.
+std::vector<std::wstring> NamesIn(const std::filesystem::path& folder);
+// What a file holds.
+std::string Bytes(const std::filesystem::path& file);
 
 }  // namespace tagrix::ui
 
