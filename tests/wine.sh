@@ -16,12 +16,14 @@ fi
 
 (
   flock 9
-  if [ ! -e "$WINEPREFIX/ready" ]; then
+  if [ ! -e "$WINEPREFIX/unmanaged" ]; then
     mkdir -p "$WINEPREFIX/drive_c"
     echo TAGRIX > "$WINEPREFIX/drive_c/.windows-label"
     wineboot --init >/dev/null 2>&1
+    # No window manager runs on these screens: Wine would wait two seconds for it whenever a window closes.
+    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
     wineserver --wait
-    touch "$WINEPREFIX/ready"
+    touch "$WINEPREFIX/unmanaged"
   fi
 ) 9>"$WINEPREFIX.lock"
 
