@@ -1,6 +1,7 @@
 #include "win32/event_loop.h"
 
 #include "win32/form_window.h"
+#include "win32/message_window.h"
 
 namespace tagrix {
 
@@ -20,7 +21,11 @@ void Dispatch(MSG& message) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
-  if (form != nullptr) form->Rethrow();
+  if (form != nullptr) {
+    form->Rethrow();
+  } else {
+    MessageWindow::Rethrow(message.hwnd);
+  }
 }
 
 }  // namespace tagrix

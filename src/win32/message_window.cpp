@@ -19,10 +19,20 @@ HWND MessageWindow::Handle() {
   return window_;
 }
 
+void MessageWindow::Rethrow(HWND window) {
+  if (GetClassLongPtrW(window, GCLP_WNDPROC) != reinterpret_cast<ULONG_PTR>(Procedure)) return;
+  const auto self = reinterpret_cast<MessageWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self != nullptr && self->failure_) std::rethrow_exception(std::exchange(self->failure_, nullptr));
+}
+
 LRESULT CALLBACK MessageWindow::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
   const auto self = reinterpret_cast<MessageWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self == nullptr || (message != WM_TIMER && message < WM_APP)) return DefWindowProcW(window, message, w, l);
-  self->handler_(message, w, l);
+  try {
+    self->handler_(message, w, l);
+  } catch (...) {
+    self->failure_ = std::current_exception();
+  }
   return 0;
 }
 

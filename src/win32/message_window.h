@@ -4,7 +4,9 @@
 
 #include <windows.h>
 
+#include <exception>
 #include <functional>
+#include <utility>
 
 namespace tagrix {
 
@@ -18,6 +20,10 @@ class MessageWindow {
   MessageWindow(const MessageWindow&) = delete;
   MessageWindow& operator=(const MessageWindow&) = delete;
 
+  // Throws what the handler has thrown when it was last called, if the window is one of these: it must not pass through
+  // the system's code, so whoever runs the event loop calls this.
+  static void Rethrow(HWND window);
+
   // The window, made when it is first asked for; to be asked on the window thread.
   HWND Handle();
 
@@ -26,6 +32,7 @@ class MessageWindow {
 
   Handler handler_;
   HWND window_ = nullptr;
+  std::exception_ptr failure_;
 };
 
 }  // namespace tagrix

@@ -10,7 +10,7 @@ namespace {
 // What is posted beside the events of Windows's sockets.
 constexpr int kLookedUp = 0x4000, kSend = 0x8000;
 
-constexpr size_t kPiece = 64 * 1024;  // bytes taken at a time
+constexpr size_t kPiece = 65536;  // bytes taken at a time
 
 }  // namespace
 

@@ -80,7 +80,7 @@ TYPED_TEST(FtpContract, MissingFilesFail) {
 }
 
 TYPED_TEST(FtpContract, NothingFollowsClose) {
-  this->case_.Offer("/ostrelco/files/setup.exe", std::string(20'000'000, 'x'));
+  this->case_.Offer("/ostrelco/files/setup.exe", std::string(8'000'000, 'x'));
   const std::wstring path = this->Start(L"setup.exe");
   this->case_.events.Wait(50);
   this->case_.ftp.Close();

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <bit>
 #include <stdexcept>
 
 namespace tagrix::ui {
@@ -24,7 +25,7 @@ void EachChild(HWND parent, Visit visit) {
   EnumChildWindows(
       parent,
       [](HWND window, LPARAM context) -> BOOL {
-        (*reinterpret_cast<Visit*>(context))(window);
+        (*std::bit_cast<Visit*>(context))(window);
         return TRUE;
       },
       reinterpret_cast<LPARAM>(&visit));
@@ -202,7 +203,7 @@ std::vector<HWND> Program::TopWindows() const {
   std::vector<HWND> all;
   EnumWindows(
       [](HWND window, LPARAM found) -> BOOL {
-        if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+        if (IsWindowVisible(window)) std::bit_cast<std::vector<HWND>*>(found)->push_back(window);
         return TRUE;
       },
       reinterpret_cast<LPARAM>(&all));
