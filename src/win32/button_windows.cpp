@@ -1,6 +1,7 @@
 #include "win32/button_windows.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tagrix {
 namespace {
@@ -50,7 +51,7 @@ ImageButton::ImageButton(HWND form, Button& button)
 void ImageButton::Update(Changes changes) {
   if (changes.Has(Change::Text)) ShowText(button_.Text());
   if (changes.Has(Change::Look)) {
-    image_.Load(button_.Image(), MulDiv(button_.ImageSize(), dpi_, 96));
+    loaded_ = false;
     InvalidateRect(Window(), nullptr, FALSE);
   }
 }
@@ -58,7 +59,7 @@ void ImageButton::Update(Changes changes) {
 void ImageButton::SetFonts(const Fonts& fonts) {
   Binding::SetFonts(fonts);
   dpi_ = fonts.Dpi();
-  image_.Load(button_.Image(), fonts.Pixels(button_.ImageSize()));
+  loaded_ = false;
 }
 
 void ImageButton::Command(int code) {
@@ -82,6 +83,7 @@ LRESULT ImageButton::Message(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void ImageButton::Draw(const DRAWITEMSTRUCT& item) {
+  if (!std::exchange(loaded_, true)) image_.Load(button_.Image(), MulDiv(button_.ImageSize(), dpi_, 96));
   const Buffered buffer(item.hDC, item.rcItem);
   DrawFace(buffer.Dc(), item.rcItem, item.itemState);
   DrawContent(buffer.Dc(), item.rcItem, item.itemState);

@@ -39,7 +39,8 @@ class ImageButton : public Binding {
   Button& button_;
   Image image_;
   int dpi_ = 96;
-  bool hot_ = false;  // the pointer is over it
+  bool loaded_ = false;  // the image, at the present DPI
+  bool hot_ = false;     // the pointer is over it
 };
 
 class TickBox : public Binding {

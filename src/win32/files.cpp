@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "core/paths.h"
+#include "win32/lazy_library.h"
 #include "win32/system_message.h"
 #include "win32/unique.h"
 
@@ -208,10 +209,14 @@ bool WinFiles::HasVolumeLabel(const std::wstring& drive) {
 }
 
 std::wstring WinFiles::MusicFolder() {
+  LazyLibrary shell32(L"shell32.dll"), ole32(L"ole32.dll");
+  const auto find = shell32.Get<decltype(SHGetKnownFolderPath)>("SHGetKnownFolderPath");
+  const auto release = ole32.Get<decltype(CoTaskMemFree)>("CoTaskMemFree");
+  if (find == nullptr || release == nullptr) return {};
   wchar_t* path = nullptr;
   std::wstring folder;
-  if (SHGetKnownFolderPath(FOLDERID_Music, 0, nullptr, &path) == S_OK) folder = path;
-  CoTaskMemFree(path);
+  if (find(FOLDERID_Music, 0, nullptr, &path) == S_OK) folder = path;
+  release(path);
   return folder;
 }
 

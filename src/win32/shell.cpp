@@ -29,7 +29,9 @@ std::wstring Arguments(const std::wstring& program, const std::wstring& commandL
   return start == commandLine.npos ? std::wstring() : commandLine.substr(start);
 }
 
-std::unique_ptr<Process> StartByShell(const std::wstring& program, const std::wstring& commandLine) {
+std::unique_ptr<Process> StartByShell(LazyLibrary& shell32, const std::wstring& program,
+                                      const std::wstring& commandLine) {
+  const auto execute = shell32.Get<decltype(ShellExecuteExW)>("ShellExecuteExW");
   const std::wstring arguments = Arguments(program, commandLine);
   SHELLEXECUTEINFOW start{};
   start.cbSize = sizeof start;
@@ -37,7 +39,7 @@ std::unique_ptr<Process> StartByShell(const std::wstring& program, const std::ws
   start.lpFile = program.c_str();
   start.lpParameters = arguments.c_str();
   start.nShow = SW_SHOWNORMAL;
-  if (!ShellExecuteExW(&start)) return nullptr;
+  if (execute == nullptr || !execute(&start)) return nullptr;
   return std::make_unique<WinProcess>(start.hProcess);
 }
 
@@ -45,7 +47,9 @@ std::unique_ptr<Process> StartByShell(const std::wstring& program, const std::ws
 
 bool WinShell::OpenLink(const std::wstring& link) {
   // The result is no handle: above 32 it means success.
-  const HINSTANCE result = ShellExecuteW(nullptr, L"open", link.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+  const auto execute = shell32_.Get<decltype(ShellExecuteW)>("ShellExecuteW");
+  if (execute == nullptr) return false;
+  const HINSTANCE result = execute(nullptr, L"open", link.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
   return reinterpret_cast<INT_PTR>(result) > 32;
 }
 
@@ -58,7 +62,7 @@ std::unique_ptr<Process> WinShell::Start(const std::wstring& program, const std:
   std::wstring writable = commandLine;
   if (!CreateProcessW(program.c_str(), writable.data(), nullptr, nullptr, TRUE, NORMAL_PRIORITY_CLASS, nullptr, nullptr,
                       &start, &started)) {
-    return GetLastError() == kElevationRequired ? StartByShell(program, commandLine) : nullptr;
+    return GetLastError() == kElevationRequired ? StartByShell(shell32_, program, commandLine) : nullptr;
   }
   CloseHandle(started.hThread);
   return std::make_unique<WinProcess>(started.hProcess);

@@ -18,6 +18,7 @@ class WinShell : public Shell {
   void PlaySoundFile(const std::wstring& path) override;
 
  private:
+  LazyLibrary shell32_{L"shell32.dll"};
   LazyLibrary winmm_{L"winmm.dll"};
 };
 
