@@ -45,6 +45,7 @@ class Catalogue {
 
  private:
   void ListFolder(const std::wstring& folder, std::deque<std::wstring>& folders, bool first) {
+    context_.events.DoEvents();
     const std::wstring prefix = WithBackslash(folder);
     std::vector<FileInfo> entries = ListedEntries(prefix, first);
     std::sort(entries.begin(), entries.end(), [](const FileInfo& a, const FileInfo& b) { return a.name < b.name; });
@@ -59,7 +60,6 @@ class Catalogue {
       WriteLine(entry, prefix);
     }
     if (block) text_ += L"\r\n";
-    if (entries.empty()) LetEventsRun({});
   }
 
   // The folders to walk and the files to list.
