@@ -55,7 +55,7 @@ std::wstring TreeWindow::Name(HTREEITEM item) const {
 std::wstring TreeWindow::PathOf(HTREEITEM item) const {
   std::wstring path = Name(item);
   for (HTREEITEM parent = Next(TVGN_PARENT, item); parent != nullptr; parent = Next(TVGN_PARENT, parent)) {
-    path = WithBackslash(Name(parent)) + path;
+    path.insert(0, WithBackslash(Name(parent)));
   }
   return path;
 }
