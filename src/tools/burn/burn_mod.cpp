@@ -102,7 +102,7 @@ void AddPending(BurnPage& page, Context& context) {
 }  // namespace
 
 bool DetectCopyToDvd(Context& context) {
-  const bool found = FileExists(context, BurnerPath(context));
+  const bool found = !BurnerFolder(context).empty() && FileExists(context, BurnerPath(context));
   if (!found && context.prompts.Question(context.Text(message::kBurnerMissing))) {
     context.shell.OpenLink(publisher::kBurnerMakerSite);
   }
