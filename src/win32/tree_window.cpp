@@ -19,10 +19,19 @@ TreeWindow::TreeWindow(HWND form, TreeBox& tree)
     : Binding(form, tree,
               {WC_TREEVIEWW, WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
                WS_EX_CLIENTEDGE}),
-      tree_(tree) {}
+      tree_(tree) {
+  Subclass();
+}
 
 void TreeWindow::Update(Changes changes) {
-  if (!changes.Has(Change::Selection) || tree_.Path().empty()) return;
+  if (changes.Has(Change::Selection)) ShowSelection();
+}
+
+void TreeWindow::ShowSelection() {
+  RECT area;
+  GetClientRect(Window(), &area);
+  // Without room it would scroll the beginnings of the names out of view.
+  if (tree_.Path().empty() || IsRectEmpty(&area)) return;
   const HTREEITEM selected = Next(TVGN_CARET, nullptr);
   if (selected != nullptr && EqualIgnoringCase(PathOf(selected), tree_.Path())) return;
   showing_ = true;
@@ -101,6 +110,12 @@ void TreeWindow::ShowPath(const std::wstring& path) {
   Ask(TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(item));
   Ask(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(item));
   Ask(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+}
+
+LRESULT TreeWindow::Message(UINT message, WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = Binding::Message(message, wParam, lParam);
+  if (message == WM_SIZE && Next(TVGN_ROOT, nullptr) == nullptr) ShowSelection();
+  return result;
 }
 
 std::optional<LRESULT> TreeWindow::Notify(NMHDR& note) {

@@ -15,6 +15,9 @@ class TreeWindow : public Binding {
   void Update(Changes changes) override;
   std::optional<LRESULT> Notify(NMHDR& note) override;
 
+ protected:
+  LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+
  private:
   LRESULT Ask(UINT message, WPARAM wParam, LPARAM lParam) const {
     return SendMessageW(Window(), message, wParam, lParam);
@@ -29,6 +32,7 @@ class TreeWindow : public Binding {
   void Fill(HTREEITEM item);
   HTREEITEM Child(HTREEITEM parent, const std::wstring& name);
   void ShowPath(const std::wstring& path);
+  void ShowSelection();  // as soon as there is room
 
   TreeBox& tree_;
   bool showing_ = false;  // the window is being changed, not the user's choice

@@ -191,6 +191,10 @@ TEST(TreeWindow, OpensBranchesAsTheyAreNeededAndTellsThePath) {
   TestForm shown(form);
   EXPECT_EQ(asked, (std::vector<std::wstring>{L"C:\\", L"C:\\Music"}));
   EXPECT_EQ(tree.Path(), L"C:\\music") << "showing it must not change it";
+  EXPECT_EQ(GetScrollPos(shown["tree"], SB_HORZ), 0);
+  RECT name;
+  TreeView_GetItemRect(shown["tree"], TreeView_GetSelection(shown["tree"]), &name, TRUE);
+  EXPECT_GT(name.left, 30) << "it stands behind its lines";
   SetFocus(shown["tree"]);
   shown.Key(VK_DOWN);
   EXPECT_EQ(tree.Path(), L"C:\\Music\\Below");
