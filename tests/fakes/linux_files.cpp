@@ -94,7 +94,9 @@ class LinuxFile : public File {
 
 std::string LinuxFiles::LinuxPath(const std::wstring& path) const {
   if (!StartsWithIgnoringCase(path, L"C:") || (path.size() > 2 && path[2] != L'\\')) return {};
-  std::string result = root_;
+  std::string result;
+  result.reserve(root_.size() + path.size());
+  result = root_;
   if (path.size() > 3) AppendUtf8(result, std::wstring_view(path).substr(2));
   std::replace(result.begin() + static_cast<std::ptrdiff_t>(root_.size()), result.end(), '\\', '/');
   if (result.ends_with('/')) result.pop_back();

@@ -54,8 +54,9 @@ bool CleanEntry(BulkPage& page, Context& context, const CleaningRules& rules, in
   const std::wstring name = CleanedName(found->name, rules);
   if (name == found->name) return false;
   const std::wstring folder = path.substr(0, path.size() - std::min(path.size(), found->name.size()));
-  RenameFile(context, folder + found->name, folder + name);
-  page.bulk_lst.SetItemText(i, folder + name);
+  std::wstring renamed = folder + name;
+  RenameFile(context, folder + found->name, renamed);
+  page.bulk_lst.SetItemText(i, std::move(renamed));
   return true;
 }
 
