@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "album/file_list.h"
@@ -22,14 +23,18 @@ void ClearResults(AlbumPage& page) {
 }
 
 // Events run between batches, so that the window goes on answering while a page of a million links is listed.
-void ListHits(AlbumPage& page, Context& context, const std::vector<Hit>& hits) {
-  constexpr size_t kBatch = 4096;
-  for (size_t start = 0; start < hits.size() && !context.cancelled; start += kBatch) {
+void ListHits(AlbumPage& page, Context& context, std::string_view web) {
+  constexpr int kBatch = 4096;  // links
+  LinkScanner scanner(web, context.codePage.ToBytes(RecordMarker()));
+  auto link = scanner.Next();
+  while (link && !context.cancelled) {
     std::vector<std::wstring> categories, discIds, titles;
-    for (size_t i = start; i < std::min(start + kBatch, hits.size()); ++i) {
-      categories.push_back(context.codePage.ToText(hits[i].category));
-      discIds.push_back(context.codePage.ToText(hits[i].discId));
-      titles.push_back(context.codePage.ToText(hits[i].title));
+    for (int i = 0; i < kBatch && link; ++i, link = scanner.Next()) {
+      const auto hit = DecodeHit(*link);
+      if (!hit) continue;
+      categories.push_back(context.codePage.ToText(hit->category));
+      discIds.push_back(context.codePage.ToText(hit->discId));
+      titles.push_back(context.codePage.ToText(hit->title));
     }
     page.categ_lst.Append(std::move(categories));
     page.discid_lst.Append(std::move(discIds));
@@ -41,8 +46,7 @@ void ListHits(AlbumPage& page, Context& context, const std::vector<Hit>& hits) {
 void FetchHits(AlbumPage& page, Context& context, HttpClient& http, std::wstring_view words) {
   SetStatus(context, kContacting);
   std::wstring url = SearchUrl(words);
-  const std::string web = http.GetWebSite(url);
-  ListHits(page, context, DecodeHits(ScanLinks(web, context.codePage.ToBytes(RecordMarker()))));
+  ListHits(page, context, http.GetWebSite(url));
   const bool found = page.resalb_lst.Count() > 0;
   page.fetch_btn.SetEnabled(found);
   if (!found) context.prompts.Message(context.Text(message::kNothingFound));

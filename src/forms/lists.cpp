@@ -14,7 +14,6 @@ void ListBox::Insert(int i, std::wstring text, std::int32_t value) {
 
 void ListBox::Append(std::vector<std::wstring> texts) {
   if (texts.empty()) return;
-  items_.reserve(items_.size() + texts.size());
   for (std::wstring& text : texts) items_.push_back(Item{std::move(text), 0, false});
   Announce(Change::Items);
 }

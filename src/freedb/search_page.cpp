@@ -2,7 +2,6 @@
 
 #include "core/publisher.h"
 #include "core/text.h"
-#include "freedb/text_allowance.h"
 
 namespace tagrix {
 
@@ -13,38 +12,31 @@ std::wstring SearchUrl(std::wstring_view words) {
 
 std::wstring RecordMarker() { return std::wstring(publisher::kFreeDbWebSite) + L"/freedb_search_fmt.php?cat="; }
 
-std::vector<std::string_view> ScanLinks(std::string_view page, std::string_view marker) {
-  std::vector<std::string_view> links;
-  TextAllowance allowance(page);
-  size_t end = 0;
-  for (size_t at = page.find(marker); at != page.npos; at = page.find(marker, at)) {
-    at += marker.size();
-    if (end < at) end = page.find("</", at);
-    if (end == page.npos) break;
-    const std::string_view link = page.substr(at, end - at);
-    if (!allowance.Take(link)) break;
-    links.push_back(link);
+std::optional<std::string_view> LinkScanner::Next() {
+  const size_t found = page_.find(marker_, at_);
+  if (found == page_.npos) return std::nullopt;
+  at_ = found + marker_.size();
+  if (end_ < at_) end_ = page_.find("</", at_);
+  const std::string_view link = page_.substr(at_, end_ - at_);
+  if (end_ == page_.npos || !allowance_.Take(link)) {
+    at_ = page_.size();
+    return std::nullopt;
   }
-  return links;
+  return link;
 }
 
-std::vector<Hit> DecodeHits(const std::vector<std::string_view>& links) {
+std::optional<Hit> DecodeHit(std::string_view link) {
   constexpr std::string_view kId = "&id=", kSmallType = "<font size=-1>";
-  std::vector<Hit> hits;
-  for (const std::string_view link : links) {
-    Hit hit;
-    if (const size_t id = link.find(kId); id != link.npos) {
-      hit.category = link.substr(0, id);
-      const size_t start = id + kId.size();
-      if (const size_t quote = link.find('"', start); quote != link.npos) {
-        hit.discId = link.substr(start, quote - start);
-      }
-    }
-    if (const size_t bracket = link.find('>'); bracket != link.npos) hit.title = link.substr(bracket + 1);
-    const bool otherVersion = hit.title.size() > kSmallType.size() && hit.title.starts_with(kSmallType);
-    if (!hit.category.empty() && !hit.discId.empty() && !hit.title.empty() && !otherVersion) hits.push_back(hit);
+  Hit hit;
+  if (const size_t id = link.find(kId); id != link.npos) {
+    hit.category = link.substr(0, id);
+    const size_t start = id + kId.size();
+    if (const size_t quote = link.find('"', start); quote != link.npos) hit.discId = link.substr(start, quote - start);
   }
-  return hits;
+  if (const size_t bracket = link.find('>'); bracket != link.npos) hit.title = link.substr(bracket + 1);
+  const bool otherVersion = hit.title.size() > kSmallType.size() && hit.title.starts_with(kSmallType);
+  if (hit.category.empty() || hit.discId.empty() || hit.title.empty() || otherVersion) return std::nullopt;
+  return hit;
 }
 
 }  // namespace tagrix

@@ -2,9 +2,13 @@
 #ifndef TAGRIX_FREEDB_SEARCH_PAGE_H
 #define TAGRIX_FREEDB_SEARCH_PAGE_H
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
+
+#include "freedb/text_allowance.h"
 
 namespace tagrix {
 
@@ -18,13 +22,24 @@ struct Hit {
   std::string_view category, discId, title;  // "rock", "47013c08", "Artist / Title"
 };
 
-// What stands between each marker and the next "</", in page order. Linear in the page's length: where links are left
-// open, so that their texts overlap, the scan ends once they hold more than the page and a mebibyte.
-std::vector<std::string_view> ScanLinks(std::string_view page, std::string_view marker);
+// Walks over what stands between each marker and the next "</", in page order. Linear in the page's length: where links
+// are left open, so that their texts overlap, the walk ends once they hold more than the page and a mebibyte.
+class LinkScanner {
+ public:
+  // `page` has to outlive the links.
+  LinkScanner(std::string_view page, std::string marker) : page_(page), marker_(std::move(marker)), allowance_(page) {}
+  std::optional<std::string_view> Next();
 
-// The hits among the links (`rock&id=47013c08">Artist / Title`): those that are complete and not set in small type,
-// which marks further versions of a disc. Nothing is sorted or removed as a duplicate.
-std::vector<Hit> DecodeHits(const std::vector<std::string_view>& links);
+ private:
+  std::string_view page_;
+  std::string marker_;
+  TextAllowance allowance_;
+  std::size_t at_ = 0, end_ = 0;  // of the last link
+};
+
+// The hit of a link (`rock&id=47013c08">Artist / Title`). Nothing when the link is incomplete or set in small type,
+// which marks further versions of a disc.
+std::optional<Hit> DecodeHit(std::string_view link);
 
 }  // namespace tagrix
 

@@ -18,14 +18,16 @@ TEST(Fuzz, SearchPage) {
   const std::wstring wide = RecordMarker();
   const std::string marker(wide.begin(), wide.end());
   Fuzz("search", 20000, [&](const std::string& page) {
-    const std::vector<std::string_view> links = ScanLinks(page, marker);
-    const std::vector<Hit> hits = DecodeHits(links);
-    EXPECT_LE(hits.size(), links.size());
-    EXPECT_LE(links.size() * marker.size(), page.size());
-    for (const Hit& hit : hits) {
-      EXPECT_TRUE(Within(hit.category, page) && Within(hit.discId, page) && Within(hit.title, page));
-      EXPECT_FALSE(hit.category.empty() || hit.discId.empty() || hit.title.empty());
+    LinkScanner scanner(page, marker);
+    std::size_t links = 0;
+    for (; const auto link = scanner.Next(); ++links) {
+      EXPECT_TRUE(Within(*link, page));
+      const auto hit = DecodeHit(*link);
+      if (!hit) continue;
+      EXPECT_TRUE(Within(hit->category, *link) && Within(hit->discId, *link) && Within(hit->title, *link));
+      EXPECT_FALSE(hit->category.empty() || hit->discId.empty() || hit->title.empty());
     }
+    EXPECT_LE(links * marker.size(), page.size());
   });
 }
 
