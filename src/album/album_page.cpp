@@ -64,7 +64,7 @@ void WireFileList(AlbumPage& page, Context& context) {
   page.down_btn.clicked = Command(context, [&] { MoveDown(page); });
   page.delete_btn.clicked = Command(context, [&] { DeleteSelected(page); });
   page.clear_btn.clicked = Command(context, [&] { ClearFiles(page); });
-  page.ghost_btn.clicked = Command(context, [&] { AddFake(page); });
+  page.ghost_btn.clicked = Command(context, [&] { AddFakes(page, 1); });
   page.autosort_btn.clicked = Command(context, [&] { AutoSortClicked(page, context); });
   page.info_btn.clicked =
       Command(context, [&] { ShowStatistics(context, page.path_txt.Text(), page.mp3_lst, page.new_lst); });

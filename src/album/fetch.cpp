@@ -41,7 +41,7 @@ void ShowTracks(AlbumPage& page) {
 void OfferFakes(AlbumPage& page, Context& context) {
   const int missing = page.tracks_lst.Count() - page.mp3_lst.Count();
   if (missing <= 0 || !context.prompts.Question(context.Text(message::kOfferFakes))) return;
-  for (int i = 0; i < missing; ++i) AddFake(page);
+  AddFakes(page, missing);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "core/helpers.h"
 #include "core/messages.h"
@@ -86,8 +87,8 @@ void ClearFiles(AlbumPage& page) {
   UpdateFileButtons(page);
 }
 
-void AddFake(AlbumPage& page) {
-  page.mp3_lst.Add(kFakeTrack);
+void AddFakes(AlbumPage& page, int count) {
+  page.mp3_lst.Append(std::vector<std::wstring>(static_cast<std::size_t>(count), kFakeTrack));
   UpdateFileButtons(page);
 }
 

@@ -19,8 +19,8 @@ void DragEntry(AlbumPage& page, int from, int to);
 // Takes the selected entries off the list; the files stay on the disk.
 void DeleteSelected(AlbumPage& page);
 void ClearFiles(AlbumPage& page);
-// Appends a stand-in for a track without a file.
-void AddFake(AlbumPage& page);
+// Appends stand-ins for tracks without a file.
+void AddFakes(AlbumPage& page, int count);
 
 // Opens Auto Sort when the list has no fake entry and as many entries as the disc has tracks; otherwise says so. Does
 // nothing without files.

@@ -5,6 +5,12 @@
 #include "core/failure.h"
 
 namespace tagrix {
+namespace {
+
+// Flushed on the way, so that the end of a large file is not one long wait.
+constexpr std::uint64_t kFlushedAtOnce = 8 << 20;
+
+}  // namespace
 
 TemporaryFile::TemporaryFile(Files& files, std::wstring path)
     : files_(files), path_(std::move(path)), file_(files.Create(path_)) {}
@@ -22,6 +28,9 @@ TemporaryFile::~TemporaryFile() {
 void TemporaryFile::Append(std::string_view bytes) {
   file_->Write(size_, bytes);
   size_ += bytes.size();
+  if (size_ - flushed_ < kFlushedAtOnce) return;
+  file_->Flush();
+  flushed_ = size_;
 }
 
 void TemporaryFile::Finish() {

@@ -33,7 +33,7 @@ class TemporaryFile {
   Files& files_;
   std::wstring path_;
   std::unique_ptr<File> file_;
-  std::uint64_t size_ = 0;
+  std::uint64_t size_ = 0, flushed_ = 0;
   bool placed_ = false;
 };
 

@@ -120,7 +120,7 @@ TEST_F(FileList, DeletesEntriesAndForgetsTheUndo) {
   page.undo_btn.SetEnabled(true);
   DeleteSelected(page);
   EXPECT_TRUE(page.undo_btn.Enabled());
-  AddFake(page);
+  AddFakes(page, 1);
   EXPECT_EQ(Files(), Texts{L"**FAKE TRACK**"});
   EXPECT_EQ(Enabled(), "---ci");
   ClearFiles(page);
