@@ -1,12 +1,12 @@
-// pauses TREE FOLDER PORT: for how many milliseconds at most the window would not answer in each long operation. TREE
-// holds folders full of files, FOLDER large MP3 files; a proxy on the port answers a huge page of hits, and then a huge
-// record.
+// pauses TREE LARGE SILENT PORT: for how many milliseconds at most the window would not answer in each long operation.
+// TREE holds folders full of files, LARGE a large MP3 file, SILENT one without any frame; a proxy on the port answers a
+// huge page of hits, and then a huge record.
 #include "album/album_page.h"
 #include "album/fetch.h"
 #include "album/search.h"
-#include "audio/mp3.h"
 #include "bench/machine.h"
 #include "core/text.h"
+#include "dialogs/comparison.h"
 #include "fakes/fakes.h"
 #include "tags/id3tag.h"
 #include "tools/bulk/bulk_mod.h"
@@ -89,15 +89,18 @@ void WorkOnTree(const std::string& path) {
   tree.events.Watch("undo", [&] { page.bulk_undo_btn.Click(); });
 }
 
-// Tags and measures the large files of the folder.
-void WorkOnFiles(const std::string& path) {
+void TagFiles(const std::string& path) {
   Watched large(path);
   const TagFields fields{L"A title", L"7", L"An artist", L"An album", L"1974", L"A comment", L"Rock"};
   for (const std::string& name : Mp3Names(path)) {
-    const std::wstring file = large.folder.path + Widen(name);
-    double milliseconds = 0;
-    large.events.Watch("tag", [&] { WriteTags(large.context, fields, file, true, true); });
-    large.events.Watch("measure", [&] { GetMP3Duration(*large.folder.files, file, milliseconds); });
+    large.events.Watch("tag", [&] { WriteTags(large.context, fields, large.folder.path + Widen(name), true, true); });
+  }
+}
+
+void MeasureFiles(const std::string& path) {
+  Watched silent(path);
+  for (const std::string& name : Mp3Names(path)) {
+    silent.events.Watch("measure", [&] { MeasureFile(silent.context, silent.folder.path + Widen(name)); });
   }
 }
 
@@ -122,6 +125,7 @@ void Search(const wchar_t* port) {
 
 int main(int, char** arguments) {
   tagrix::WorkOnTree(arguments[1]);
-  tagrix::WorkOnFiles(arguments[2]);
-  tagrix::Search(tagrix::Widen(arguments[3]).c_str());
+  tagrix::TagFiles(arguments[2]);
+  tagrix::MeasureFiles(arguments[3]);
+  tagrix::Search(tagrix::Widen(arguments[4]).c_str());
 }

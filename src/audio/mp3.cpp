@@ -16,6 +16,7 @@ namespace {
 constexpr std::uint64_t kShortestFile = 256;
 // Most files begin with a frame or with a small tag.
 constexpr std::size_t kFirstRead = 4096, kFurtherReads = 65536;
+constexpr int kReadsBetweenPauses = 16;  // a mebibyte
 constexpr std::size_t kFrameStart = 48;  // as much of a frame as is looked at: up to the end of Xing's count of frames
 constexpr std::size_t kXing = 36;        // behind the side information of a frame with two channels
 constexpr std::size_t kXingFrames = 44;
@@ -70,8 +71,9 @@ std::size_t FindSync(std::string_view bytes) {
 }
 
 // The start of the first frame; what lies beyond the end of the file reads as zeros.
-std::optional<FrameStart> FirstFrame(File& file, std::uint64_t length) {
+std::optional<FrameStart> FirstFrame(File& file, std::uint64_t length, const std::function<void()>& pause) {
   std::vector<char> buffer(kFirstRead);
+  int reads = 0;
   for (std::uint64_t offset = 0; offset < length;) {
     const std::string_view bytes(buffer.data(), file.Read(offset, buffer.data(), buffer.size()));
     const std::size_t at = FindSync(bytes);
@@ -84,6 +86,7 @@ std::optional<FrameStart> FirstFrame(File& file, std::uint64_t length) {
     if (bytes.size() < buffer.size()) break;
     offset += buffer.size() - 1;  // the last byte may be the first of a pair
     buffer.resize(kFurtherReads);
+    if (pause && ++reads % kReadsBetweenPauses == 0) pause();
   }
   return {};
 }
@@ -118,11 +121,11 @@ std::optional<double> BitRate(const FrameStart& frame, std::uint64_t length, con
 
 }  // namespace
 
-bool GetMP3Duration(Files& files, const std::wstring& path, double& milliseconds) {
+bool GetMP3Duration(Files& files, const std::wstring& path, double& milliseconds, const std::function<void()>& pause) {
   const std::unique_ptr<File> file = files.OpenForReading(path);
   const std::uint64_t length = file->Size();
   if (length < kShortestFile) return false;
-  const std::optional<FrameStart> frame = FirstFrame(*file, length);
+  const std::optional<FrameStart> frame = FirstFrame(*file, length, pause);
   if (!frame) return false;
   const std::optional<double> bitRate = BitRate(*frame, length, path);
   if (!bitRate) return false;

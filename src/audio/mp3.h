@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -17,7 +18,9 @@ namespace tagrix {
 // On success stores the playing time, whole milliseconds, and returns true. False, and `milliseconds` as it was, for a
 // file shorter than 256 bytes or without such a pair. Throws Failure when the file can't be read, when the header holds
 // a reserved value or a rate below 1 kbit/s, and for files of 256 MiB or more.
-bool GetMP3Duration(Files& files, const std::wstring& path, double& milliseconds);
+// `pause` is called now and then while a first frame far from the start is looked for.
+bool GetMP3Duration(Files& files, const std::wstring& path, double& milliseconds,
+                    const std::function<void()>& pause = {});
 
 // The bits of the bytes as "1" and "0", most significant first, without leading zeros: all zeros give "". The bytes are
 // used up: all are 0 afterwards.

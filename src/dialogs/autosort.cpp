@@ -60,7 +60,7 @@ class Searching {
 void MeasureFiles(Autosort& dialog, Context& context, const std::wstring& folder) {
   for (int i = 0; i < dialog.lst.Count(); ++i) {
     ShowSearch(dialog, context, Percentage(i, dialog.lst.Count()));
-    dialog.lst.SetValue(i, MeasureFile(context.files, folder + L"\\" + dialog.lst.ItemText(i)));
+    dialog.lst.SetValue(i, MeasureFile(context, folder + L"\\" + dialog.lst.ItemText(i)));
   }
   context.events.DoEvents();
 }

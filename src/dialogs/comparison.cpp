@@ -63,9 +63,11 @@ Fit FitOf(const Place& place) {
   return deviation <= kDoubtfulMilliseconds ? Fit::Doubtful : Fit::Wrong;
 }
 
-std::int32_t MeasureFile(Files& files, const std::wstring& path) {
+std::int32_t MeasureFile(Context& context, const std::wstring& path) {
   double milliseconds = 0;
-  return GetMP3Duration(files, path, milliseconds) ? RoundToInteger(milliseconds) : 0;
+  return GetMP3Duration(context.files, path, milliseconds, [&] { context.events.DoEvents(); })
+             ? RoundToInteger(milliseconds)
+             : 0;
 }
 
 int PlaceCount(const ListBox& files, const ListBox& tracks) { return std::max(files.Count(), tracks.Count()); }

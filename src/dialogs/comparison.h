@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "core/context.h"
 #include "forms/lists.h"
-#include "platform/files.h"
 
 namespace tagrix {
 
@@ -29,7 +29,7 @@ inline double Difference(const Place& place) { return place.file - place.track; 
 
 // The playing time of an MP3 file in milliseconds, rounded to nearest; 0 when it can't be measured. Throws Failure when
 // it can't be read.
-std::int32_t MeasureFile(Files& files, const std::wstring& path);
+std::int32_t MeasureFile(Context& context, const std::wstring& path);
 
 // The positions that the two lists have; files' values are milliseconds, tracks' values CD frames.
 int PlaceCount(const ListBox& files, const ListBox& tracks);

@@ -96,7 +96,7 @@ void ShowFigures(Statistics& window, Context& context, const Album& album) {
 // A file that can't even be read is shown as one that can't be measured: the window is there to find such files.
 std::int32_t Measure(Context& context, const std::wstring& path) {
   try {
-    return MeasureFile(context.files, path);
+    return MeasureFile(context, path);
   } catch (const Failure&) {
     return 0;
   }

@@ -49,7 +49,7 @@ class Working {
 bool Measure(Context& context, const std::wstring& path, std::int32_t& milliseconds) {
   double time = 0;
   try {
-    if (!GetMP3Duration(context.files, path, time)) return false;
+    if (!GetMP3Duration(context.files, path, time, [&] { context.events.DoEvents(); })) return false;
   } catch (const Failure&) {
     return false;
   }
