@@ -172,7 +172,20 @@ void FormContent::Enable(const std::vector<Placement>& places) {
     if (slot.enabled != place.enabled) EnableWindow(window, place.enabled);
     slot.enabled = place.enabled;
   }
-  if (focusLost) SetFocusTo(nullptr);
+  if (focusLost) {
+    SetFocusTo(nullptr);
+    if (lostFocus_ == nullptr || focus != standIn_) lostFocus_ = focus;
+    standIn_ = GetFocus();
+  }
+  GiveFocusBack();
+}
+
+void FormContent::GiveFocusBack() {
+  const HWND focus = GetFocus();
+  if (focus != standIn_ && IsChild(window_, focus)) lostFocus_ = nullptr;  // the user has gone on
+  if (focus != standIn_ || lostFocus_ == nullptr || !IsWindowEnabled(lostFocus_) || !IsWindowVisible(lostFocus_))
+    return;
+  SetFocus(std::exchange(lostFocus_, nullptr));
 }
 
 void FormContent::SetFocusTo(const Control* control) {

@@ -36,6 +36,8 @@ class FormContent : public ControlObserver {
 
   // Gives the keyboard to the control, or to the first that takes it.
   void SetFocusTo(const Control* control);
+  // Gives it back to the control that lost it by being disabled or hidden, unless the user has gone on meanwhile.
+  void GiveFocusBack();
   // Clicks the button if the user could.
   void Press(Button& button);
   // The tooltip for the pointer over a control's window.
@@ -69,7 +71,9 @@ class FormContent : public ControlObserver {
   std::unordered_map<const Control*, std::size_t> index_;
   HWND tooltips_ = nullptr;
   bool flushPending_ = false;
-  ULONGLONG flushed_ = 0;  // ticks
+  ULONGLONG flushed_ = 0;     // ticks
+  HWND lostFocus_ = nullptr;  // had the keyboard when it was disabled or hidden
+  HWND standIn_ = nullptr;    // has it meanwhile
 };
 
 }  // namespace tagrix

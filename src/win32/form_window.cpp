@@ -225,6 +225,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       } else {
         content_->SetFocusTo(nullptr);
       }
+      content_->GiveFocusBack();
       return 0;
     case WM_CLOSE:
       if (IsWindowEnabled(window_)) form_.RequestClose();

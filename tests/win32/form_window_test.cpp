@@ -151,6 +151,9 @@ TEST(FormWindow, PagesGetTheirWindowsWhenTheyAreFirstShownInTheLayoutsOrder) {
   window.other.SetEnabled(false);  // the keyboard must not be lost
   shown.Settle();
   EXPECT_EQ(GetFocus(), shown["answer_txt"]);
+  window.other.SetEnabled(true);
+  shown.Settle();
+  EXPECT_EQ(GetFocus(), shown["other_btn"]);
 }
 
 TEST(FormWindow, FollowsTheMonitorsDpiAndKeepsToItsLeastSize) {
