@@ -172,12 +172,14 @@ void FormContent::Enable(const std::vector<Placement>& places) {
     if (slot.enabled != place.enabled) EnableWindow(window, place.enabled);
     slot.enabled = place.enabled;
   }
-  if (focusLost) {
-    SetFocusTo(nullptr);
-    if (lostFocus_ == nullptr || focus != standIn_) lostFocus_ = focus;
-    standIn_ = GetFocus();
-  }
+  if (focusLost) ReplaceFocus(focus);
   GiveFocusBack();
+}
+
+void FormContent::ReplaceFocus(HWND lost) {
+  SetFocusTo(nullptr);
+  if (lostFocus_ == nullptr || lost != standIn_) lostFocus_ = lost;
+  standIn_ = GetFocus();
 }
 
 void FormContent::GiveFocusBack() {

@@ -36,6 +36,8 @@ class FormContent : public ControlObserver {
 
   // Gives the keyboard to the control, or to the first that takes it.
   void SetFocusTo(const Control* control);
+  // Likewise, for a window that can't have it any more.
+  void ReplaceFocus(HWND lost);
   // Gives it back to the control that lost it by being disabled or hidden, unless the user has gone on meanwhile.
   void GiveFocusBack();
   // Clicks the button if the user could.

@@ -223,7 +223,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       if (IsWindowEnabled(lastFocus_) && IsWindowVisible(lastFocus_)) {
         SetFocus(lastFocus_);
       } else {
-        content_->SetFocusTo(nullptr);
+        content_->ReplaceFocus(lastFocus_);
       }
       content_->GiveFocusBack();
       return 0;
