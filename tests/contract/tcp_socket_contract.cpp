@@ -135,14 +135,15 @@ TYPED_TEST(SocketContract, ListenersMayClose) {
 using RealSocketContract = SocketContract<RealSocket>;
 
 TEST_F(RealSocketContract, TriesEveryAddressOfAName) {
+  case_.socket.Connect(L"", 80);
+  EXPECT_TRUE(Reaches(SocketState::Error));
+  case_.socket.Connect(L"localhost", RefusedPort());
+  EXPECT_TRUE(Reaches(SocketState::Error));
+  if (!KnowsLocalhost()) GTEST_SKIP() << "no address of \"localhost\" here";
   ASSERT_TRUE(Connects(L"localhost", case_.Serve("hello", true)));  // listens on 127.0.0.1 only
   case_.socket.SendData(kRequest);
   ASSERT_TRUE(Reaches(SocketState::PeerClosing));
   EXPECT_EQ(received_, "hello");
-  case_.socket.Connect(L"localhost", RefusedPort());
-  EXPECT_TRUE(Reaches(SocketState::Error));
-  case_.socket.Connect(L"", 80);
-  EXPECT_TRUE(Reaches(SocketState::Error));
 }
 
 TEST_F(RealSocketContract, SendsMoreThanFitsAtOnce) {

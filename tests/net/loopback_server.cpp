@@ -2,8 +2,11 @@
 
 #ifdef _WIN32
 #include <winsock2.h>
+// Needs winsock2.h before it.
+#include <ws2tcpip.h>
 #else
 #include <arpa/inet.h>
+#include <netdb.h>
 #include <netinet/in.h>
 #include <sys/select.h>
 #include <sys/socket.h>
@@ -129,6 +132,14 @@ int RefusedPort() {
   int port = 0;
   CloseSocket(As(Bind(port)));
   return port;
+}
+
+bool KnowsLocalhost() {
+  Start();
+  addrinfo* found = nullptr;
+  if (getaddrinfo("localhost", nullptr, nullptr, &found) != 0) return false;
+  freeaddrinfo(found);
+  return true;
 }
 
 }  // namespace tagrix

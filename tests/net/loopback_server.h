@@ -59,6 +59,9 @@ class LoopbackServer {
 // A port on which nothing listens.
 int RefusedPort();
 
+// Whether this machine has an address for "localhost".
+bool KnowsLocalhost();
+
 }  // namespace tagrix
 
 #endif
