@@ -5,39 +5,28 @@
 #include "fakes/fakes.h"
 
 namespace tagrix {
-namespace {
 
-struct AskQueryDialog : testing::Test {
-  // Types into the dialog, if anything, and presses OK or closes it. Returns what stood there at first.
-  std::wstring Ask(std::wstring_view folder, const wchar_t* typed, bool ok) {
-    std::wstring start;
-    test.prompts.dialogs.push_back([&](Form& form) {
+TEST(AskQueryDialog, StartsWithTheFoldersNameAndWritesTheWordsOnOkOnly) {
+  TestContext test;
+  TextBox words("query_txt");
+  const struct {
+    const wchar_t *folder, *start, *typed;
+    bool ok;
+    const wchar_t* words;
+  } cases[] = {{L"C:\\Music\\Artist - Album", L"Artist - Album", L"Artist - Album", true, L"Artist - Album"},
+               {L"C:\\Music", L"", L"  a  b ", true, L"a  b"},  // blanks within stay
+               {L"C:\\Music\\", L"", L"other", false, L"a  b"}};
+  for (const auto& expected : cases) {
+    test.prompts.dialogs.emplace_back([&](Form& form) {
       auto& text = Find<TextBox>(form.layout, "query_txt");
-      start = text.Text();
-      if (typed != nullptr) text.Type(typed);
-      ok ? form.defaultButton->Click() : form.RequestClose();
+      EXPECT_EQ(text.Text(), expected.start);
+      text.Type(expected.typed);
+      expected.ok ? form.defaultButton->Click() : form.RequestClose();
       EXPECT_TRUE(form.Closing());
     });
-    AskForWords(test.context, folder, words);
-    return start;
+    AskForWords(test.context, expected.folder, words);
+    EXPECT_EQ(words.Text(), expected.words);
   }
-
-  TestContext test;
-  TextBox words{"query_txt"};
-};
-
-TEST_F(AskQueryDialog, StartsWithTheFoldersName) {
-  EXPECT_EQ(Ask(L"C:\\Music\\Artist - Album", nullptr, true), L"Artist - Album");
-  EXPECT_EQ(words.Text(), L"Artist - Album");
-  for (const wchar_t* folder : {L"", L"C:", L"C:\\Music", L"C:\\Music\\"}) EXPECT_EQ(Ask(folder, nullptr, false), L"");
 }
 
-TEST_F(AskQueryDialog, WritesTheWordsOnOkOnly) {
-  Ask(L"", L"  a  b ", true);
-  EXPECT_EQ(words.Text(), L"a  b");  // blanks within stay
-  Ask(L"", L"other", false);
-  EXPECT_EQ(words.Text(), L"a  b");
-}
-
-}  // namespace
 }  // namespace tagrix

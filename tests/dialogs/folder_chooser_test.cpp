@@ -3,18 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "core/failure.h"
-#include "fakes/fakes.h"
+#include "dialogs/fixtures.h"
 
 namespace tagrix {
 namespace {
 
 using Paths = std::vector<std::wstring>;
-
-Paths Items(const ListBox& list) {
-  Paths texts;
-  for (int i = 0; i < list.Count(); ++i) texts.push_back(list.ItemText(i));
-  return texts;
-}
 
 struct FolderChooser : testing::Test {
   FolderChooser() {
@@ -36,7 +30,7 @@ struct FolderChooser : testing::Test {
     Choose(mode, [&](Form& form) {
       Find<TreeBox>(form.layout, "Dir1").SetPath(path);
       if (recurse) Find<CheckBox>(form.layout, "recurse_chk").Click();
-      Find<Button>(form.layout, "ok_btn").Click();
+      PressOk(form);
     });
   }
   std::wstring LastDir() { return test.context.settings.Get(L"LastDir"); }
@@ -48,23 +42,18 @@ struct FolderChooser : testing::Test {
 };
 
 TEST_F(FolderChooser, OpensOnTheFolderUsedLast) {
-  const struct {
-    const wchar_t *lastDir, *drive, *path;
-  } cases[] = {
-      {L"C:\\M\\A", L"C:", L"C:\\M\\A"},
-      {L" c:\\m\\a\\ ", L"C:", L"c:\\m\\a"},
-      {L"C:", L"C:", L"C:\\"},
-      {L"C:\\", L"C:", L"C:\\"},
-      {L"", L"C:", L"C:\\Users\\me\\Music"},
-      {L"C:\\gone", L"C:", L"C:\\Users\\me\\Music"},
-      {L"C:\\M\\b.mp3", L"C:", L"C:\\Users\\me\\Music"},
-      {L"E:\\M", L"C:", L"C:\\Users\\me\\Music"},
-  };
-  for (const auto& expected : cases) {
-    test.context.settings.Put(L"LastDir", expected.lastDir);
+  const wchar_t* const music = L"C:\\Users\\me\\Music";
+  for (const auto& [lastDir, path] : {std::pair(L" c:\\m\\a\\ ", L"c:\\m\\a"),
+                                      {L"C:", L"C:\\"},
+                                      {L"C:\\", L"C:\\"},
+                                      {L"", music},
+                                      {L"C:\\gone", music},
+                                      {L"C:\\M\\b.mp3", music},
+                                      {L"E:\\M", music}}) {
+    test.context.settings.Put(L"LastDir", lastDir);
     Choose(ChooserMode::Album, [&](Form& form) {
-      EXPECT_EQ(Find<ComboBox>(form.layout, "Drive1").Text(), expected.drive) << expected.lastDir;
-      EXPECT_EQ(Find<TreeBox>(form.layout, "Dir1").Path(), expected.path) << expected.lastDir;
+      EXPECT_EQ(Find<ComboBox>(form.layout, "Drive1").Text(), L"C:") << lastDir;
+      EXPECT_EQ(Find<TreeBox>(form.layout, "Dir1").Path(), path) << lastDir;
     });
   }
 }
@@ -74,11 +63,11 @@ TEST_F(FolderChooser, PreviewsTheFilesOfTheChosenFormat) {
   Choose(ChooserMode::SetupFolder, [&](Form& form) {
     auto& preview = Find<ListBox>(form.layout, "file_lst");
     auto& tree = Find<TreeBox>(form.layout, "Dir1");
-    EXPECT_EQ(Items(preview), Paths{L"b.mp3"});
+    EXPECT_EQ(preview.Texts(), Paths{L"b.mp3"});
     Find<ComboBox>(form.layout, "format_cmb").Choose(1);
-    EXPECT_EQ(Items(preview), Paths{L"a.OGG"});
+    EXPECT_EQ(preview.Texts(), Paths{L"a.OGG"});
     tree.SetPath(L"C:\\M\\A");
-    EXPECT_EQ(Items(preview), Paths{});
+    EXPECT_EQ(preview.Texts(), Paths{});
     EXPECT_EQ(tree.children(L"C:\\M"), (Paths{L"A", L"album.mp3", L"B"}));
     EXPECT_EQ(tree.children(L"C:\\gone"), Paths{});
     Find<ComboBox>(form.layout, "Drive1").Choose(1);
@@ -86,53 +75,43 @@ TEST_F(FolderChooser, PreviewsTheFilesOfTheChosenFormat) {
   });
 }
 
-TEST_F(FolderChooser, HandsOverTheFolder) {
-  for (int mode : {1, 2, 3, 5, 7}) {
-    Choose(static_cast<ChooserMode>(mode), L"C:\\M\\A");
-    EXPECT_EQ(folder.Text(), L"C:\\M\\A");
-    EXPECT_EQ(LastDir(), L"C:\\M\\A");
-    Choose(static_cast<ChooserMode>(mode), L"C:\\");
-    EXPECT_EQ(folder.Text(), L"C:");
-    EXPECT_EQ(format, mode == 1 ? L"MP3" : L"before");
-    format = L"before";
-  }
-  EXPECT_EQ(files.Count(), 0);
-}
-
-TEST_F(FolderChooser, LeavesEverythingAsItWasOnCancel) {
+TEST_F(FolderChooser, HandsOverTheFolderUnlessCancelled) {
   Choose(ChooserMode::Album, [&](Form& form) {
     Find<TreeBox>(form.layout, "Dir1").SetPath(L"C:\\M\\A");
     form.RequestClose();
     EXPECT_TRUE(form.Closing());
   });
-  EXPECT_EQ(LastDir(), L"C:\\M");
-  EXPECT_EQ(folder.Text(), L"");
-  EXPECT_EQ(format, L"before");
-}
+  EXPECT_EQ(LastDir() + folder.Text() + format, L"C:\\Mbefore");
+  Choose(static_cast<ChooserMode>(9), L"C:\\M\\B");  // an unknown mode only remembers the folder
+  EXPECT_EQ(LastDir() + folder.Text() + format, L"C:\\M\\Bbefore");
 
-TEST_F(FolderChooser, OnlyRemembersTheFolderInAnUnknownMode) {
-  Choose(static_cast<ChooserMode>(9), L"C:\\M\\A", false);
-  EXPECT_EQ(LastDir(), L"C:\\M\\A");
-  EXPECT_EQ(folder.Text(), L"");
+  for (int mode : {1, 2, 3, 5, 7}) {
+    Choose(static_cast<ChooserMode>(mode), L"C:\\M\\A");
+    EXPECT_EQ(folder.Text() + LastDir(), L"C:\\M\\AC:\\M\\A");
+    Choose(static_cast<ChooserMode>(mode), L"C:\\");
+    EXPECT_EQ(folder.Text() + format, mode == 1 ? L"C:MP3" : L"C:before");
+    format = L"before";
+  }
+  EXPECT_EQ(files.Count(), 0);
 }
 
 TEST_F(FolderChooser, CollectsAudioFilesBreadthFirst) {
   Choose(ChooserMode::BulkFiles, L"C:\\M");
   const Paths own{L"C:\\M\\a.OGG", L"C:\\M\\b.mp3", L"C:\\M\\mp3", L"C:\\M\\x_mp3"};
-  EXPECT_EQ(Items(files), own);
+  EXPECT_EQ(files.Texts(), own);
 
   files.Clear();
   Choose(ChooserMode::BulkFiles, L"C:\\M", true);
   Paths all = own;
   all.insert(all.end(), {L"C:\\M\\A\\2.ape", L"C:\\M\\B\\3.wma", L"C:\\M\\A\\deep\\1.wav"});
-  EXPECT_EQ(Items(files), all);
+  EXPECT_EQ(files.Texts(), all);
   EXPECT_EQ(test.context.status_lbl.Text(), L"");
 
   // From a drive root, and no name that is nothing but an ending for a playlist.
   files.Clear();
   Choose(ChooserMode::PlaylistFiles, L"C:\\", true);
   std::erase(all, L"C:\\M\\mp3");
-  EXPECT_EQ(Items(files), all);
+  EXPECT_EQ(files.Texts(), all);
 }
 
 TEST_F(FolderChooser, AddsAFileTwiceOnlyToAPlaylist) {
@@ -140,9 +119,10 @@ TEST_F(FolderChooser, AddsAFileTwiceOnlyToAPlaylist) {
   known.Add(L"C:\\M\\x_MP3");
   known.Add(L"C:\\M\\mp3");
   Choose(ChooserMode::BurnFiles, L"C:\\M");
-  EXPECT_EQ(Items(files), (Paths{L"c:\\m\\B.MP3", L"C:\\M\\a.OGG"}));
+  EXPECT_EQ(files.Texts(), (Paths{L"c:\\m\\B.MP3", L"C:\\M\\a.OGG"}));
   Choose(ChooserMode::PlaylistFiles, L"C:\\M");
-  EXPECT_EQ(Items(files), (Paths{L"c:\\m\\B.MP3", L"C:\\M\\a.OGG", L"C:\\M\\a.OGG", L"C:\\M\\b.mp3", L"C:\\M\\x_mp3"}));
+  EXPECT_EQ(files.Texts(),
+            (Paths{L"c:\\m\\B.MP3", L"C:\\M\\a.OGG", L"C:\\M\\a.OGG", L"C:\\M\\b.mp3", L"C:\\M\\x_mp3"}));
 }
 
 TEST_F(FolderChooser, PassesOverFoldersThatCantBeRead) {
@@ -157,7 +137,7 @@ TEST_F(FolderChooser, PassesOverFoldersThatCantBeRead) {
   // The chosen folder itself: the user is told and may choose another one.
   Choose(ChooserMode::BulkFiles, [&](Form& form) {
     Find<TreeBox>(form.layout, "Dir1").SetPath(L"C:\\M\\A");
-    Find<Button>(form.layout, "ok_btn").Click();
+    PressOk(form);
     EXPECT_FALSE(form.Closing());
     EXPECT_TRUE(Find<Button>(form.layout, "ok_btn").Enabled());
   });
@@ -169,13 +149,14 @@ TEST_F(FolderChooser, AddsNothingWhenTheWalkIsCancelled) {
   Choose(ChooserMode::BulkFiles, [&](Form& form) {
     test.events.eachTime = [&] {
       EXPECT_FALSE(Find<Button>(form.layout, "ok_btn").Enabled());
-      Find<Button>(form.layout, "cancel_btn").Click();
+      if (test.events.rounds == 2) Find<Button>(form.layout, "cancel_btn").Click();
     };
-    Find<Button>(form.layout, "ok_btn").Click();
+    Find<CheckBox>(form.layout, "recurse_chk").Click();
+    PressOk(form);
     EXPECT_TRUE(form.Closing());
   });
   EXPECT_EQ(files.Count(), 0);
-  EXPECT_EQ(test.events.rounds, 1);
+  EXPECT_EQ(test.events.rounds, 2);
 }
 
 }  // namespace

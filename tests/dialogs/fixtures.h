@@ -1,0 +1,45 @@
+// What the tests of dialogs and side pages share: files to measure, a canvas to look at, and a user who agrees.
+#ifndef TAGRIX_TESTS_DIALOGS_FIXTURES_H
+#define TAGRIX_TESTS_DIALOGS_FIXTURES_H
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "fakes/fakes.h"
+#include "forms/picture.h"
+
+namespace tagrix {
+
+// An MP3 file: one frame header of 32 kbit/s and silence up to the end. At least 64 ms.
+inline std::string SmallMp3(int milliseconds) {
+  std::string bytes(static_cast<std::size_t>(milliseconds) * 4, '\0');
+  return bytes.replace(0, 4, std::string("\xFF\xFB\x10\x00", 4));
+}
+
+inline void PressOk(Form& form) { Find<Button>(form.layout, "ok_btn").Click(); }
+
+// Keeps what is drawn.
+struct SketchCanvas : Canvas {
+  explicit SketchCanvas(Size size) : extent(size) {}
+  Size Extent() const override { return extent; }
+  void Fill(Rect area, Ink ink) override { fills.emplace_back(ink, area); }
+  void Line(Point from, Point to, Ink) override { ends.insert(ends.end(), {from, to}); }
+  void Text(Rect, std::wstring_view text, TextPlace, Ink) override { texts.emplace_back(text); }
+  std::vector<Rect> Filled(Ink wanted) const {
+    std::vector<Rect> areas;
+    for (const auto& [ink, area] : fills) {
+      if (ink == wanted) areas.push_back(area);
+    }
+    return areas;
+  }
+
+  Size extent;
+  std::vector<std::pair<Ink, Rect>> fills;
+  std::vector<Point> ends;  // of lines
+  std::vector<std::wstring> texts;
+};
+
+}  // namespace tagrix
+
+#endif
