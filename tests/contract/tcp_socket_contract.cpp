@@ -1,9 +1,5 @@
 // What every TCP socket port does: the in-memory twin, the one over POSIX sockets, and Windows's own.
-#include <gtest/gtest.h>
-
-#include <vector>
-
-#include "contract/tcp_socket_cases.h"
+#include "contract/cases.h"
 
 namespace tagrix {
 namespace {
@@ -46,6 +42,19 @@ class SocketContract : public testing::Test {
     case_.socket.Connect(host, port);
     return Reaches(SocketState::Connected);
   }
+  // Connects and sends a request, to which the server gives the answer.
+  bool Asks(const std::string& answer, bool close) {
+    if (!Connects(L"127.0.0.1", case_.Serve(answer, close))) return false;
+    case_.socket.SendData(kRequest);
+    return true;
+  }
+  void ExpectStaysClosed() {
+    for (int round = 0; round < 5; ++round) {
+      EXPECT_EQ(case_.socket.State(), SocketState::Closed);
+      case_.events.Wait(10);
+      case_.events.DoEvents();
+    }
+  }
 
   Case case_;
   std::string received_;
@@ -58,30 +67,21 @@ TYPED_TEST(SocketContract, ConnectsOnlyWhileEventsRun) {
   auto& socket = this->case_.socket;
   EXPECT_EQ(socket.State(), SocketState::Closed);
   socket.Connect(L"127.0.0.1", this->case_.Serve("hello", true));
-  EXPECT_EQ(socket.State(), SocketState::ResolvingHost);
-  const bool connected = this->Until([&] {
-    const SocketState state = socket.State();
-    EXPECT_TRUE(state >= SocketState::ConnectionPending && state <= SocketState::Connected) << static_cast<int>(state);
-    return state == SocketState::Connected;
-  });
-  EXPECT_TRUE(connected);
-}
-
-TYPED_TEST(SocketContract, RefusalIsAnError) {
-  this->case_.socket.Connect(L"127.0.0.1", this->case_.Refuse());
+  EXPECT_TRUE(socket.State() == SocketState::ResolvingHost || socket.State() == SocketState::Connecting);
+  EXPECT_TRUE(this->Reaches(SocketState::Connected));
+  socket.Connect(L"127.0.0.1", this->case_.Refuse());
   EXPECT_TRUE(this->Reaches(SocketState::Error));
-  this->case_.socket.SendData("x");
-  EXPECT_EQ(this->case_.socket.GetData(), "");
-  this->case_.socket.Close();
-  EXPECT_EQ(this->case_.socket.State(), SocketState::Closed);
+  socket.SendData("x");
+  EXPECT_EQ(socket.GetData(), "");
+  socket.Close();
+  EXPECT_EQ(socket.State(), SocketState::Closed);
 }
 
 TYPED_TEST(SocketContract, AnswersArriveWholeBeforeTheEnd) {
   for (const size_t size : {size_t{1}, size_t{5'000'000}}) {
     const std::string answer = Numbered(size);
     this->received_.clear();
-    ASSERT_TRUE(this->Connects(L"127.0.0.1", this->case_.Serve(answer, true)));
-    this->case_.socket.SendData(kRequest);
+    ASSERT_TRUE(this->Asks(answer, true));
     ASSERT_TRUE(this->Reaches(SocketState::PeerClosing));
     EXPECT_TRUE(this->received_ == answer) << this->received_.size() << " of " << answer.size();
     EXPECT_EQ(this->case_.socket.GetData(), "");
@@ -91,48 +91,53 @@ TYPED_TEST(SocketContract, AnswersArriveWholeBeforeTheEnd) {
 
 TYPED_TEST(SocketContract, WhatIsNotTakenStays) {
   this->case_.socket.dataArrival = nullptr;
-  ASSERT_TRUE(this->Connects(L"127.0.0.1", this->case_.Serve("hello", true)));
-  this->case_.socket.SendData(kRequest);
+  ASSERT_TRUE(this->Asks("hello", true));
   ASSERT_TRUE(this->Reaches(SocketState::PeerClosing));
   EXPECT_EQ(this->case_.socket.GetData(), "hello");
   EXPECT_EQ(this->case_.socket.GetData(), "");
 }
 
 TYPED_TEST(SocketContract, ClosingEndsAllAndAnotherConnectionStartsAfresh) {
-  const int port = this->case_.Serve(Numbered(3'000'000), false);
-  ASSERT_TRUE(this->Connects(L"127.0.0.1", port));
-  this->case_.socket.SendData(kRequest);
+  ASSERT_TRUE(this->Asks(Numbered(3'000'000), false));
   ASSERT_TRUE(this->Until([&] { return !this->received_.empty(); }));
   this->case_.socket.Close();
   this->received_.clear();
-  EXPECT_EQ(this->case_.socket.State(), SocketState::Closed);
   EXPECT_EQ(this->case_.socket.GetData(), "");
-  for (int round = 0; round < 5; ++round) {
-    this->case_.events.Wait(10);
-    this->case_.events.DoEvents();
-  }
-  EXPECT_EQ(this->case_.socket.State(), SocketState::Closed);
+  this->ExpectStaysClosed();
   EXPECT_EQ(this->received_, "");
 
-  ASSERT_TRUE(this->Connects(L"127.0.0.1", this->case_.Serve("fresh", true)));
-  this->case_.socket.SendData(kRequest);
+  ASSERT_TRUE(this->Asks("fresh", true));
   ASSERT_TRUE(this->Reaches(SocketState::PeerClosing));
   EXPECT_EQ(this->received_, "fresh");
-}
 
-TYPED_TEST(SocketContract, ListenersMayClose) {
   this->case_.socket.dataArrival = [this] { this->case_.socket.Close(); };
-  ASSERT_TRUE(this->Connects(L"127.0.0.1", this->case_.Serve("hello", true)));
-  this->case_.socket.SendData(kRequest);
+  ASSERT_TRUE(this->Asks("hello", true));
   ASSERT_TRUE(this->Reaches(SocketState::Closed));
-  for (int round = 0; round < 5; ++round) {
-    this->case_.events.Wait(10);
-    this->case_.events.DoEvents();
-  }
-  EXPECT_EQ(this->case_.socket.State(), SocketState::Closed);
+  this->ExpectStaysClosed();
 }
 
 using RealSocketContract = SocketContract<RealSocket>;
+
+TEST_F(RealSocketContract, SendsMoreThanFitsAtOnceAndEndsWhenCutOff) {
+  const std::string upload = Numbered(5'000'000) + "\r\n\r\n";
+  std::string arrived;
+  LoopbackServer server([&](Peer& peer) {
+    arrived = peer.ReadTo("\r\n\r\n");
+    peer.Write("thanks");
+    peer.ReadTo("\r\n\r\n");
+    peer.Reset();
+  });
+  ASSERT_TRUE(Connects(L"127.0.0.1", server.Port()));
+  case_.socket.SendData(std::string_view(upload).substr(0, 1'000'000));
+  case_.socket.SendData(std::string_view(upload).substr(1'000'000));
+  ASSERT_TRUE(Until([&] { return received_ == "thanks"; }));
+  EXPECT_TRUE(arrived == upload) << arrived.size() << " of " << upload.size();
+  EXPECT_GE(sends_, 1);
+  case_.socket.SendData(kRequest);
+  EXPECT_TRUE(Until([&] { return case_.socket.State() >= SocketState::PeerClosing; }));
+}
+
+#ifdef _WIN32
 
 TEST_F(RealSocketContract, TriesEveryAddressOfAName) {
   case_.socket.Connect(L"", 80);
@@ -146,31 +151,7 @@ TEST_F(RealSocketContract, TriesEveryAddressOfAName) {
   EXPECT_EQ(received_, "hello");
 }
 
-TEST_F(RealSocketContract, SendsMoreThanFitsAtOnce) {
-  const std::string upload = Numbered(5'000'000) + "\r\n\r\n";
-  std::string arrived;
-  LoopbackServer server([&](Peer& peer) {
-    arrived = peer.ReadTo("\r\n\r\n");
-    peer.Write("thanks");
-  });
-  ASSERT_TRUE(Connects(L"127.0.0.1", server.Port()));
-  case_.socket.SendData(std::string_view(upload).substr(0, 1'000'000));
-  case_.socket.SendData(std::string_view(upload).substr(1'000'000));
-  ASSERT_TRUE(Reaches(SocketState::PeerClosing));
-  EXPECT_TRUE(arrived == upload) << arrived.size() << " of " << upload.size();
-  EXPECT_EQ(received_, "thanks");
-  EXPECT_GE(sends_, 1);
-}
-
-TEST_F(RealSocketContract, ACutConnectionEnds) {
-  LoopbackServer server([](Peer& peer) {
-    peer.ReadTo("\r\n\r\n");
-    peer.Reset();
-  });
-  ASSERT_TRUE(Connects(L"127.0.0.1", server.Port()));
-  case_.socket.SendData(kRequest);
-  EXPECT_TRUE(Until([&] { return case_.socket.State() >= SocketState::PeerClosing; }));
-}
+#endif
 
 }  // namespace
 }  // namespace tagrix

@@ -1,47 +1,66 @@
-// The ports of Windows for the contracts, and what a test does to them from outside.
+// What a test does to the ports of Windows from outside.
 #include <windows.h>
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <vector>
 
-#include "contract/files_cases.h"
-#include "contract/small_ports.h"
-#include "win32/clock.h"
-#include "win32/code_page.h"
-#include "win32/registry.h"
+#include "contract/cases.h"
 
 namespace tagrix {
+namespace {
 
-void RemoveTree(const std::filesystem::path& folder) {
-  WinFiles files;
-  if (!files.Find(folder.wstring())) return;
+// Removes a folder that may be missing, may hold long paths and read-only files.
+void RemoveTree(WinFiles& files, const std::wstring& folder) {
+  if (!files.Find(folder)) return;
   std::vector<FileInfo> entries;
-  files.List(folder.wstring(), L"*", [&](const FileInfo& info) {
+  files.List(folder, L"*", [&](const FileInfo& info) {
     entries.push_back(info);
     return true;
   });
   for (const FileInfo& entry : entries) {
-    const std::wstring path = folder.wstring() + L"\\" + entry.name;
+    const std::wstring path = folder + L"\\" + entry.name;
     if (entry.folder && !entry.link) {
-      RemoveTree(path);
+      RemoveTree(files, path);
     } else {
       SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
       files.Delete(path);
     }
   }
-  RemoveDirectoryW((L"\\\\?\\" + folder.wstring()).c_str());
+  RemoveDirectoryW((L"\\\\?\\" + folder).c_str());
 }
 
-bool WinFilesCase::Lenient() { return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr; }
+}  // namespace
 
-void WinFilesCase::SetReadOnly(const std::wstring& path) { SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY); }
+void DeleteRegistryKey(const std::wstring& key) { RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str()); }
 
-bool WinFilesCase::AddLink(const std::wstring& path) {
+FilesCase::FilesCase() : folder((std::filesystem::temp_directory_path() / "tagrix.contract").wstring()) {
+  RemoveTree(files, folder);
+  files.CreateFolder(folder);
+}
+
+FilesCase::~FilesCase() { RemoveTree(files, folder); }
+
+bool FilesCase::Lenient() { return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr; }
+
+void FilesCase::SetReadOnly(const std::wstring& path) { SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY); }
+
+bool FilesCase::AddLink(const std::wstring& path) {
   return CreateSymbolicLinkW(path.c_str(), L"..", SYMBOLIC_LINK_FLAG_DIRECTORY) != 0 && files.Find(path);
 }
 
-std::unique_ptr<Registry> MakeRegistry() { return std::make_unique<WinRegistry>(); }
-void DeleteRegistryKey(const std::wstring& key) { RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str()); }
-std::unique_ptr<CodePage> MakeCodePage() { return std::make_unique<WinCodePage>(); }
-std::unique_ptr<Clock> MakeClock() { return std::make_unique<WinClock>(); }
+FtpCase::FtpCase() {
+  request.user = L"someone";
+  request.password = L"secret";
+  request.host = L"127.0.0.1";
+  if (HasServer()) request.port = std::atoi(std::getenv("TAGRIX_FTP_PORT"));
+}
+
+bool FtpCase::HasServer() { return std::getenv("TAGRIX_FTP_PORT") != nullptr; }
+
+void FtpCase::Offer(const std::string& path, const std::string& content) {
+  std::ofstream("Z:" + std::string(std::getenv("TAGRIX_FTP_FOLDER")) + path, std::ios::binary) << content;
+}
 
 }  // namespace tagrix

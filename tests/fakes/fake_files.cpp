@@ -1,104 +1,75 @@
 #include "fakes/fake_files.h"
 
-#include <algorithm>
-
 #include "core/failure.h"
 #include "core/paths.h"
 #include "fakes/name_rules.h"
 
 namespace tagrix {
+namespace {
 
-class FakeFile : public File {
+std::wstring Parent(const std::wstring& path) { return WithoutBackslash(std::wstring(FolderPart(path))); }
+
+void Check(bool allowed, const wchar_t* operation, const std::wstring& path) {
+  if (!allowed) throw Failure(operation, path, L"Windows would refuse that.");
+}
+
+}  // namespace
+
+class FakeFiles::OpenFile : public File {
  public:
-  FakeFile(FakeFiles& files, std::wstring path, FakeFiles::Entry& entry, bool writable)
-      : files_(files),
-        path_(std::move(path)),
-        content_(entry.content),
-        open_(entry.open),
-        writers_(entry.writers),
-        writable_(writable) {
-    ++open_;
-    if (writable_) ++writers_;
+  OpenFile(FakeFiles& files, std::wstring path, Entry& entry, bool writable)
+      : files_(files), path_(std::move(path)), entry_(entry), writable_(writable) {
+    ++entry_.open;
+    if (writable_) entry_.writing = true;
   }
-  ~FakeFile() override {
-    --open_;
-    if (writable_) --writers_;
+  ~OpenFile() override {
+    --entry_.open;
+    if (writable_) entry_.writing = false;
   }
 
-  std::uint64_t Size() override { return content_->size(); }
+  std::uint64_t Size() override { return entry_.info.size; }
   std::size_t Read(std::uint64_t offset, char* buffer, std::size_t count) override {
     files_.Call(L"Read", path_);
-    if (offset >= content_->size()) return 0;
-    return content_->copy(buffer, count, static_cast<std::size_t>(offset));
+    return offset < Size() ? entry_.content.copy(buffer, count, static_cast<std::size_t>(offset)) : 0;
   }
   void Write(std::uint64_t offset, std::string_view bytes) override {
     files_.Call(L"Write", path_);
-    if (!writable_) throw Failure(L"Write", path_, L"Access is denied.");
+    Check(writable_, L"Write", path_);
     const auto at = static_cast<std::size_t>(offset);
-    if (content_->size() < at + bytes.size()) content_->resize(at + bytes.size());
-    content_->replace(at, bytes.size(), bytes);
+    if (entry_.content.size() < at + bytes.size()) entry_.content.resize(at + bytes.size());
+    entry_.content.replace(at, bytes.size(), bytes);
+    entry_.info.size = entry_.content.size();
   }
   void Flush() override { files_.Call(L"Flush", path_); }
 
  private:
   FakeFiles& files_;
   std::wstring path_;
-  std::shared_ptr<std::string> content_;
-  int &open_, &writers_;
+  Entry& entry_;  // stays where it is: an open file can't be moved
   bool writable_;
 };
 
-FakeFiles::FakeFiles() {
-  AddFolder(L"C:");
-  SetLabel(L"C:", true);
-}
-
-void FakeFiles::Call(const wchar_t* operation, const std::wstring& path) {
-  if (beforeCall) beforeCall(path);
-  if (failAt_ > 0 && --failAt_ == 0) throw Failure(operation, path, L"The fake was told to fail.");
-}
-
-FakeFiles::Entry* FakeFiles::Look(const std::wstring& path) {
-  const auto found = entries_.find(WithoutBackslash(path));
-  return found == entries_.end() ? nullptr : &found->second;
-}
-
-FakeFiles::Entry& FakeFiles::Need(const wchar_t* operation, const std::wstring& path, bool folder) {
-  Entry* entry = Look(path);
-  if (entry == nullptr || entry->info.folder != folder) {
-    throw Failure(operation, path, L"The system cannot find the file specified.");
-  }
-  return *entry;
-}
-
-void FakeFiles::NeedWritable(const wchar_t* operation, const std::wstring& path, const Entry& entry) {
-  if (entry.info.readOnly) throw Failure(operation, path, L"Access is denied.");
-  if (entry.writers > 0) throw Failure(operation, path, L"The file is in use.");
-}
-
 void FakeFiles::Put(const std::wstring& path, std::string content) {
-  AddFolder(WithoutBackslash(std::wstring(FolderPart(path))));
+  AddFolder(Parent(path));
   Entry& entry = entries_[path];
-  entry.info.name = FileNamePart(path);
-  entry.content = std::make_shared<std::string>(std::move(content));
+  if (entry.info.name.empty()) entry.info.name = FileNamePart(path);
+  entry.info.size = content.size();
+  entry.content = std::move(content);
 }
 
 std::string FakeFiles::Content(const std::wstring& path) const {
   const auto found = entries_.find(path);
-  return found == entries_.end() || !found->second.content ? std::string() : *found->second.content;
+  return found == entries_.end() ? std::string() : found->second.content;
 }
 
 bool FakeFiles::Has(const std::wstring& path) const { return entries_.contains(WithoutBackslash(path)); }
 
-void FakeFiles::SetReadOnly(const std::wstring& path) { entries_.at(path).info.readOnly = true; }
-
 void FakeFiles::AddFolder(const std::wstring& path) {
   if (path.empty() || Has(path)) return;
-  AddFolder(WithoutBackslash(std::wstring(FolderPart(path))));
-  FileInfo info;
+  AddFolder(Parent(path));
+  FileInfo& info = entries_[path].info;
   info.name = FileNamePart(path);
   info.folder = true;
-  entries_[path] = Entry{info, nullptr, 0, 0};
 }
 
 void FakeFiles::AddLink(const std::wstring& path) {
@@ -107,11 +78,8 @@ void FakeFiles::AddLink(const std::wstring& path) {
 }
 
 void FakeFiles::SetLabel(const std::wstring& drive, bool labelled) {
-  if (labelled) {
-    labelled_.insert(drive);
-  } else {
-    labelled_.erase(drive);
-  }
+  AddFolder(drive);
+  entries_.at(drive).labelled = labelled;
 }
 
 std::vector<std::wstring> FakeFiles::AllFiles() const {
@@ -122,37 +90,51 @@ std::vector<std::wstring> FakeFiles::AllFiles() const {
   return paths;
 }
 
+void FakeFiles::Call(const wchar_t* operation, const std::wstring& path) {
+  if (beforeCall) beforeCall(path);
+  if (failAt_ > 0) Check(--failAt_ > 0, operation, path);
+}
+
+FakeFiles::Entry& FakeFiles::Need(const wchar_t* operation, const std::wstring& path, bool folder) {
+  const auto found = entries_.find(WithoutBackslash(path));
+  Check(found != entries_.end() && found->second.info.folder == folder, operation, path);
+  return found->second;
+}
+
+// What a new name needs: its folder, and to be one.
+void FakeFiles::NeedPlaceFor(const wchar_t* operation, const std::wstring& path) {
+  Need(operation, Parent(path), true);
+  Check(ValidName(FileNamePart(path)), operation, path);
+}
+
 std::optional<FileInfo> FakeFiles::Find(const std::wstring& path) {
-  const Entry* entry = Look(path);
-  if (entry == nullptr) return {};
-  FileInfo info = entry->info;
-  if (entry->content) info.size = entry->content->size();
-  return info;
+  const auto found = entries_.find(WithoutBackslash(path));
+  return found == entries_.end() ? std::nullopt : std::optional(found->second.info);
 }
 
 std::unique_ptr<File> FakeFiles::Open(const wchar_t* operation, const std::wstring& path, bool writable) {
-  Call(operation, path);
   Entry& entry = Need(operation, path, false);
-  if (writable) NeedWritable(operation, path, entry);
-  return std::make_unique<FakeFile>(*this, path, entry, writable);
+  Check(!writable || !(entry.info.readOnly || entry.writing), operation, path);
+  return std::make_unique<OpenFile>(*this, path, entry, writable);
 }
 
-std::unique_ptr<File> FakeFiles::OpenForReading(const std::wstring& path) { return Open(L"Open", path, false); }
-std::unique_ptr<File> FakeFiles::OpenForWriting(const std::wstring& path) { return Open(L"Open", path, true); }
+std::unique_ptr<File> FakeFiles::OpenForReading(const std::wstring& path) {
+  Call(L"Open", path);
+  return Open(L"Open", path, false);
+}
+
+std::unique_ptr<File> FakeFiles::OpenForWriting(const std::wstring& path) {
+  Call(L"Open", path);
+  return Open(L"Open", path, true);
+}
 
 std::unique_ptr<File> FakeFiles::Create(const std::wstring& path) {
   Call(L"Create", path);
-  const std::wstring folder = WithoutBackslash(std::wstring(FolderPart(path)));
-  Need(L"Create", folder, true);
-  if (!ValidName(FileNamePart(path))) throw Failure(L"Create", path, L"The file name is incorrect.");
-  if (Entry* entry = Look(path)) {
-    if (entry->info.folder) throw Failure(L"Create", path, L"Access is denied.");
-    NeedWritable(L"Create", path, *entry);
-    entry->content->clear();
-  } else {
-    Put(path);
-  }
-  return std::make_unique<FakeFile>(*this, path, *Look(path), true);
+  NeedPlaceFor(L"Create", path);
+  if (!Has(path)) Put(path);
+  auto file = Open(L"Create", path, true);
+  Put(path);
+  return file;
 }
 
 void FakeFiles::Move(const std::wstring& from, const std::wstring& to) {
@@ -164,37 +146,32 @@ void FakeFiles::Move(const std::wstring& from, const std::wstring& to) {
 
 void FakeFiles::Rename(const std::wstring& from, const std::wstring& to) {
   Call(L"Rename", from);
-  const Entry& entry = Need(L"Rename", from, false);
-  if (entry.open > 0) throw Failure(L"Rename", from, L"The file is in use.");
-  Need(L"Rename", WithoutBackslash(std::wstring(FolderPart(to))), true);
-  if (!ValidName(FileNamePart(to))) throw Failure(L"Rename", to, L"The file name is incorrect.");
-  if (Has(to) && !EqualIgnoringCase(from, to)) throw Failure(L"Rename", to, L"The file exists.");
+  Check(Need(L"Rename", from, false).open == 0, L"Rename", from);
+  NeedPlaceFor(L"Rename", to);
+  Check(!Has(to) || EqualIgnoringCase(from, to), L"Rename", to);
   Move(from, to);
 }
 
 void FakeFiles::Replace(const std::wstring& from, const std::wstring& over) {
   Call(L"Replace", over);
-  const Entry& source = Need(L"Replace", from, false);
+  Check(Need(L"Replace", from, false).open == 0, L"Replace", over);
   const Entry& target = Need(L"Replace", over, false);
-  if (source.open > 0 || target.open > 0) throw Failure(L"Replace", over, L"The file is in use.");
-  if (target.info.readOnly) throw Failure(L"Replace", over, L"Access is denied.");
-  const std::wstring name = entries_.find(over)->first;
-  entries_.erase(entries_.find(over));
-  Move(from, name);
+  Check(target.open == 0 && !target.info.readOnly, L"Replace", over);
+  const std::wstring path = entries_.extract(over).key();
+  Move(from, path);
 }
 
 void FakeFiles::Delete(const std::wstring& path) {
   Call(L"Delete", path);
   const Entry& entry = Need(L"Delete", path, false);
-  if (entry.open > 0) throw Failure(L"Delete", path, L"The file is in use.");
-  if (entry.info.readOnly) throw Failure(L"Delete", path, L"Access is denied.");
-  entries_.erase(entries_.find(path));
+  Check(entry.open == 0 && !entry.info.readOnly, L"Delete", path);
+  entries_.extract(path);
 }
 
 void FakeFiles::CreateFolder(const std::wstring& path) {
   Call(L"Create folder", path);
-  Need(L"Create folder", WithoutBackslash(std::wstring(FolderPart(path))), true);
-  if (Has(path)) throw Failure(L"Create folder", path, L"The folder exists.");
+  NeedPlaceFor(L"Create folder", path);
+  Check(!Has(path), L"Create folder", path);
   AddFolder(path);
 }
 
@@ -208,9 +185,7 @@ void FakeFiles::List(const std::wstring& folder, const std::wstring& pattern,
     const std::wstring& path = at->first;
     if (!StartsWithIgnoringCase(path, prefix)) break;
     if (path.find(L'\\', prefix.size()) != path.npos || !MatchesPattern(pattern, at->second.info.name)) continue;
-    FileInfo info = at->second.info;
-    if (at->second.content) info.size = at->second.content->size();
-    found.push_back(info);
+    found.push_back(at->second.info);
   }
   for (const FileInfo& info : found) {
     if (!entry(info)) return;
@@ -225,6 +200,8 @@ std::vector<std::wstring> FakeFiles::Drives() {
   return drives;
 }
 
-bool FakeFiles::HasVolumeLabel(const std::wstring& drive) { return labelled_.contains(drive); }
+bool FakeFiles::HasVolumeLabel(const std::wstring& drive) {
+  return entries_.contains(drive) && entries_.at(drive).labelled;
+}
 
 }  // namespace tagrix

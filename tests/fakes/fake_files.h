@@ -4,7 +4,6 @@
 
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -16,13 +15,13 @@ namespace tagrix {
 class FakeFiles : public Files {
  public:
   // Drive "C:" exists and has a label.
-  FakeFiles();
+  FakeFiles() { SetLabel(L"C:", true); }
 
   // For tests: lays a file (and the folders above it) or changes what is there.
   void Put(const std::wstring& path, std::string content = {});
   std::string Content(const std::wstring& path) const;  // empty when missing
   bool Has(const std::wstring& path) const;
-  void SetReadOnly(const std::wstring& path);
+  void SetReadOnly(const std::wstring& path) { entries_.at(path).info.readOnly = true; }
   void AddFolder(const std::wstring& path);
   void AddLink(const std::wstring& path);  // a folder that is a link
   void SetLabel(const std::wstring& drive, bool labelled);
@@ -50,23 +49,22 @@ class FakeFiles : public Files {
   std::wstring MusicFolder() override { return musicFolder; }
 
  private:
+  class OpenFile;
   struct Entry {
     FileInfo info;
-    std::shared_ptr<std::string> content;
-    int open = 0;     // handles
-    int writers = 0;  // those of them that may write: at most one
+    std::string content;
+    bool labelled = false;  // a drive
+    int open = 0;           // how often a file is open,
+    bool writing = false;   // and whether once of them for writing
   };
-  friend class FakeFile;
 
-  Entry* Look(const std::wstring& path);
-  Entry& Need(const wchar_t* operation, const std::wstring& path, bool folder);
-  static void NeedWritable(const wchar_t* operation, const std::wstring& path, const Entry& entry);
   void Call(const wchar_t* operation, const std::wstring& path);
-  void Move(const std::wstring& from, const std::wstring& to);
+  Entry& Need(const wchar_t* operation, const std::wstring& path, bool folder);
+  void NeedPlaceFor(const wchar_t* operation, const std::wstring& path);
   std::unique_ptr<File> Open(const wchar_t* operation, const std::wstring& path, bool writable);
+  void Move(const std::wstring& from, const std::wstring& to);
 
   std::map<std::wstring, Entry, LessIgnoringCase> entries_;  // by path, drive roots as "C:"
-  std::set<std::wstring, LessIgnoringCase> labelled_;
   int failAt_ = 0;
 };
 

@@ -12,16 +12,6 @@ constexpr std::wstring_view kFrom80 =
 
 }  // namespace
 
-std::wstring FakeRegistry::GetRegValue(Hive hive, const std::wstring& key, const std::wstring& name) {
-  const auto found = values_.find({hive, key + L"\\" + name});
-  return found == values_.end() ? std::wstring() : found->second;
-}
-
-void FakeRegistry::SetRegValue(Hive hive, const std::wstring& key, const std::wstring& name, const std::wstring& text) {
-  values_[{hive, key + L"\\" + name}] = text;
-  written.push_back(name);
-}
-
 std::string FakeCodePage::ToBytes(std::wstring_view text) {
   std::string bytes;
   bytes.reserve(text.size());
@@ -43,21 +33,12 @@ std::wstring FakeCodePage::ToText(std::string_view bytes) {
 
 void FakeEvents::DoEvents() {
   ++rounds;
-  for (auto pending = queue.size(); pending > 0 && !queue.empty(); --pending) {
-    const auto event = std::move(queue.front());
-    queue.pop_front();
+  for (auto pending = queue_.size(); pending > 0 && !queue_.empty(); --pending) {
+    const auto event = std::move(queue_.front());
+    queue_.pop_front();
     event();
   }
   if (eachTime) eachTime();
-}
-
-void FakeEvents::Wait(int milliseconds) {
-  if (queue.empty()) ticks += static_cast<std::uint64_t>(milliseconds);
-}
-
-bool FakeShell::OpenLink(const std::wstring& link) {
-  links.push_back(link);
-  return true;
 }
 
 std::unique_ptr<Process> FakeShell::Start(const std::wstring& program, const std::wstring& commandLine) {
@@ -71,8 +52,6 @@ std::unique_ptr<Process> FakeShell::Start(const std::wstring& program, const std
   if (!canStart) return nullptr;
   return std::make_unique<FakeProcess>(runsFor);
 }
-
-void FakePrompts::Message(const std::wstring& text) { messages.push_back(text); }
 
 bool FakePrompts::Question(const std::wstring& text) {
   questions.push_back(text);
@@ -91,11 +70,6 @@ void FakePrompts::ShowModal(Form& dialog) {
     work(dialog);
   }
   if (dialog.closed) dialog.closed();
-}
-
-OpenFilesAnswer FakePrompts::OpenFiles(const OpenFilesRequest& request) {
-  lastRequest = request;
-  return openFiles;
 }
 
 void FakeSocket::Later(std::function<void()> event) {
@@ -153,30 +127,16 @@ TestContext::TestContext() {
 }
 
 std::wstring TestText(int n) {
-  std::wstring number = L"<" + std::to_wstring(n) + L">";
-  switch (n) {
-    case message::kRenameFailed:
-      return number + L" %%FIC%%";
-    case message::kReadOnly:
-    case message::kNewVersion:
-    case message::kDownloadComplete:
-    case message::kInstallerNotStarted:
-    case message::kAuthors:
-    case message::kVerdictFileMissing:
-    case message::kVerdictFileTooMany:
-      return number + L" %%1%%";
-    case message::kApplyClash:
-    case message::kUndoClash:
-    case message::kBulkSummary:
-    case message::kMeasuring:
-      return number + L" %%1%% %%2%%";
-    case message::kVersion:
-      return number + L" %%1%%.%%2%%.%%3%%";
-    case message::kUpToDate:
-      return number + L" %%1%% %%2%%.%%3%%.%%4%%";
-    default:
-      return number;
-  }
+  static const std::map<int, std::wstring> placeholders = {
+      {message::kRenameFailed, L" %%FIC%%"},      {message::kReadOnly, L" %%1%%"},
+      {message::kNewVersion, L" %%1%%"},          {message::kDownloadComplete, L" %%1%%"},
+      {message::kInstallerNotStarted, L" %%1%%"}, {message::kAuthors, L" %%1%%"},
+      {message::kVerdictFileMissing, L" %%1%%"},  {message::kVerdictFileTooMany, L" %%1%%"},
+      {message::kApplyClash, L" %%1%% %%2%%"},    {message::kUndoClash, L" %%1%% %%2%%"},
+      {message::kBulkSummary, L" %%1%% %%2%%"},   {message::kMeasuring, L" %%1%% %%2%%"},
+      {message::kVersion, L" %%1%%.%%2%%.%%3%%"}, {message::kUpToDate, L" %%1%% %%2%%.%%3%%.%%4%%"}};
+  const auto found = placeholders.find(n);
+  return L"<" + std::to_wstring(n) + L">" + (found == placeholders.end() ? L"" : found->second);
 }
 
 }  // namespace tagrix

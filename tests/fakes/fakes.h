@@ -18,18 +18,18 @@ namespace tagrix {
 
 class FakeRegistry : public Registry {
  public:
-  std::wstring GetRegValue(Hive hive, const std::wstring& key, const std::wstring& name) override;
-  void SetRegValue(Hive hive, const std::wstring& key, const std::wstring& name, const std::wstring& text) override;
+  std::wstring GetRegValue(Hive hive, const std::wstring& key, const std::wstring& name) override {
+    return values_[hive][key + L"\\" + name];
+  }
+  void SetRegValue(Hive hive, const std::wstring& key, const std::wstring& name, const std::wstring& text) override {
+    values_[hive][key + L"\\" + name] = text;
+    written.push_back(name);
+  }
 
   std::vector<std::wstring> written;  // value names, in the order in which they were set
 
  private:
-  struct Less {
-    bool operator()(const std::pair<Hive, std::wstring>& a, const std::pair<Hive, std::wstring>& b) const {
-      return a.first != b.first ? a.first < b.first : LessIgnoringCase()(a.second, b.second);
-    }
-  };
-  std::map<std::pair<Hive, std::wstring>, std::wstring, Less> values_;  // key path and value name joined by "\"
+  std::map<Hive, std::map<std::wstring, std::wstring, LessIgnoringCase>> values_;
 };
 
 // Windows-1252; everything else becomes "?".
@@ -37,35 +37,39 @@ class FakeCodePage : public CodePage {
  public:
   std::string ToBytes(std::wstring_view text) override;
   std::wstring ToText(std::string_view bytes) override;
-  wchar_t DecimalSeparator() override { return separator; }
-
-  wchar_t separator = L'.';
+  wchar_t DecimalSeparator() override { return L'.'; }
 };
 
 // Time passes only while something waits; events are functions that tests queue.
 class FakeEvents : public EventLoop {
  public:
   void DoEvents() override;
-  void Wait(int milliseconds) override;
+  void Wait(int milliseconds) override {
+    if (queue_.empty()) ticks += static_cast<std::uint64_t>(milliseconds);
+  }
   std::uint64_t TickCount() override { return ticks; }
 
-  void Post(std::function<void()> event) { queue.push_back(std::move(event)); }
+  void Post(std::function<void()> event) { queue_.push_back(std::move(event)); }
 
-  std::deque<std::function<void()>> queue;  // DoEvents runs and removes all that are there when it starts
-  std::function<void()> eachTime;           // DoEvents runs it every time, after the queue
+  std::function<void()> eachTime;  // DoEvents runs it every time, after what was posted before
   std::uint64_t ticks = 1000;
   int rounds = 0;  // how often DoEvents ran
+
+ private:
+  std::deque<std::function<void()>> queue_;
 };
 
 class FakeClock : public Clock {
  public:
-  int CurrentYear() override { return year; }
-  int year = 2004;
+  int CurrentYear() override { return 2004; }
 };
 
 class FakeShell : public Shell {
  public:
-  bool OpenLink(const std::wstring& link) override;
+  bool OpenLink(const std::wstring& link) override {
+    links.push_back(link);
+    return true;
+  }
   std::unique_ptr<Process> Start(const std::wstring& program, const std::wstring& commandLine) override;
   void PlaySoundFile(const std::wstring& path) override { sounds.push_back(path); }
 
@@ -78,10 +82,13 @@ class FakeShell : public Shell {
 // (a dialog without one is closed at once), the file dialog answers `openFiles`.
 class FakePrompts : public Prompts {
  public:
-  void Message(const std::wstring& text) override;
+  void Message(const std::wstring& text) override { messages.push_back(text); }
   bool Question(const std::wstring& text) override;
   void ShowModal(Form& dialog) override;
-  OpenFilesAnswer OpenFiles(const OpenFilesRequest& request) override;
+  OpenFilesAnswer OpenFiles(const OpenFilesRequest& request) override {
+    lastRequest = request;
+    return openFiles;
+  }
 
   std::vector<std::wstring> messages;   // shown, in order
   std::vector<std::wstring> questions;  // asked, in order
@@ -91,10 +98,6 @@ class FakePrompts : public Prompts {
   OpenFilesAnswer openFiles;
   OpenFilesRequest lastRequest;
 };
-
-// The control of a form that bears the name; throws std::out_of_range when there is none or it is of another kind.
-template <typename Kind>
-Kind& Find(const Node& tree, const std::string& name);
 
 // A socket whose server is a function: it gets what was sent and returns what comes back before the server closes.
 class FakeSocket : public TcpSocket {
@@ -168,6 +171,7 @@ Kind* FindIn(const Node& tree, const std::string& name) {
   return nullptr;
 }
 
+// The control of a form that bears the name; throws std::out_of_range when there is none or it is of another kind.
 template <typename Kind>
 Kind& Find(const Node& tree, const std::string& name) {
   if (Kind* found = FindIn<Kind>(tree, name)) return *found;

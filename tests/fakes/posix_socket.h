@@ -1,47 +1,36 @@
-// A TCP client over POSIX sockets and the event loop that drives it, for tests against real servers.
+// A TCP client over a POSIX socket and the event loop that drives it, for real servers on the loopback.
 #ifndef TAGRIX_TESTS_FAKES_POSIX_SOCKET_H
 #define TAGRIX_TESTS_FAKES_POSIX_SOCKET_H
 
-#include <deque>
+#include <poll.h>
+
 #include <functional>
-#include <map>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/event_loop.h"
 #include "platform/tcp_socket.h"
 
 namespace tagrix {
 
-// Waits with poll().
+// Waits with poll() for what one descriptor is watched for.
 class PosixEvents : public EventLoop {
  public:
-  void DoEvents() override;
-  void Wait(int milliseconds) override;
+  void DoEvents() override {
+    if (poll(&watched, 1, 0) > 0) ready();
+  }
+  void Wait(int milliseconds) override { poll(&watched, 1, milliseconds); }
   std::uint64_t TickCount() override;
 
-  void Post(std::function<void()> event) { posted_.push_back(std::move(event)); }
-  // Calls `ready` in DoEvents whenever some of `events` (POLLIN, POLLOUT) has come for the descriptor.
-  void Watch(int descriptor, short events, std::function<void()> ready);
-  void Unwatch(int descriptor) { watched_.erase(descriptor); }
-
- private:
-  struct Watched {
-    short events;
-    std::function<void()> ready;
-  };
-  // The descriptors for which something has come.
-  std::vector<int> Poll(int milliseconds) const;
-
-  std::deque<std::function<void()>> posted_;
-  std::map<int, Watched> watched_;
+  pollfd watched{-1, 0, 0};
+  std::function<void()> ready;
 };
 
+// The only socket of its event loop. Hosts are IPv4 addresses.
 class PosixSocket : public TcpSocket {
  public:
   explicit PosixSocket(PosixEvents& events) : events_(events) {}
-  ~PosixSocket() override { PosixSocket::Close(); }
+  ~PosixSocket() override { End(SocketState::Closed); }
   PosixSocket(const PosixSocket&) = delete;
   PosixSocket& operator=(const PosixSocket&) = delete;
 
@@ -52,22 +41,13 @@ class PosixSocket : public TcpSocket {
   std::string GetData() override { return std::exchange(received_, {}); }
 
  private:
-  using Address = std::vector<char>;  // a sockaddr of any family
-
-  void LookUp(const std::string& host, int port);
-  void ConnectNext();
-  void Connected();
-  void Transfer();  // what can be received and sent now
+  void Ready();
   void Receive();
   void SendQueued();
-  void WatchTransfer();
   void End(SocketState state);
 
   PosixEvents& events_;
   SocketState state_ = SocketState::Closed;
-  unsigned attempt_ = 0;  // events of earlier attempts to connect are dropped
-  std::deque<Address> addresses_;
-  int socket_ = -1;
   std::string received_, queued_;
 };
 
