@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "dialogs/comparison_chart.h"
 #include "dialogs/comparison_table.h"
 #include "dialogs/fixtures.h"
@@ -9,152 +11,126 @@
 namespace tagrix {
 namespace {
 
-using Ints = std::vector<int>;
+// "103/100 0/5 -/7 9/-": files over tracks in seconds, "-" where there is none.
+std::vector<Place> PlacesOf(const std::string& text) {
+  const auto milliseconds = [](const std::string& seconds) { return std::atof(seconds.c_str()) * 1000; };
+  std::istringstream in(text);
+  std::vector<Place> places;
+  for (std::string file, track; std::getline(in, file, '/') && in >> track; in >> std::ws) {
+    places.push_back({file != "-", track != "-", milliseconds(file), milliseconds(track)});
+  }
+  return places;
+}
 
 TEST(MatchFiles, GivesEachTrackTheClosestFileLeft) {
   const struct {
     std::vector<std::int32_t> files, tracks;
-    Ints order;
+    std::vector<int> order;
   } cases[] = {
       {{199000, 181000}, {13500, 15000}, {1, 0}},
       {{101000, 99000}, {7500, 7650}, {0, 1}},             // equally close: the higher one, though crossed were better
       {{0, 100000, 60000}, {7500, 4500, 300}, {1, 2, 0}},  // unmeasured: for the shortest track that is left
       {{10, 20, 30}, {2}, {2, 1, 0}},                      // exchanged, not moved
       {{40, 14}, {2}, {0, 1}},                             // 13.33 and 12.67 ms off: equal once they are rounded
+      {{40, 13}, {2}, {0, 1}},                             // 13.33 and 13.67: not equal
       {{2147483647, 0}, {2147483647}, {0, 1}},             // deviations beyond 32 bits count as equal
-      {{}, {}, {}},
   };
   for (const auto& expected : cases) EXPECT_EQ(MatchFiles(expected.files, expected.tracks), expected.order);
 }
 
-Place Both(double file, double track) { return {true, true, file, track}; }
-Place NoFileFor(double track) { return {false, true, 0, track}; }
-Place NoTrackFor(double file) { return {true, false, file, 0}; }
-
 TEST(Comparison, TellsHowAFileFits) {
-  const std::pair<Place, Fit> cases[] = {
-      {Both(100000, 103000), Fit::Good}, {Both(103001, 100000), Fit::Doubtful}, {Both(90000, 100000), Fit::Doubtful},
-      {Both(89999, 100000), Fit::Wrong}, {Both(0, 100000), Fit::Unmeasured},    {Both(100000, 0), Fit::Unmeasured},
-      {NoFileFor(100000), Fit::NoFile},  {NoTrackFor(100000), Fit::NoTrack},
-  };
-  for (const auto& [place, fit] : cases) EXPECT_EQ(FitOf(place), fit) << place.file << " " << place.track;
+  for (const auto& [place, fit] : {std::pair("100/103", Fit::Good),
+                                   {"103.001/100", Fit::Doubtful},
+                                   {"90/100", Fit::Doubtful},
+                                   {"89.999/100", Fit::Wrong},
+                                   {"0/100", Fit::Unmeasured},
+                                   {"100/0", Fit::Unmeasured},
+                                   {"-/100", Fit::NoFile},
+                                   {"100/-", Fit::NoTrack}}) {
+    EXPECT_EQ(FitOf(PlacesOf(place).at(0)), fit) << place;
+  }
 }
 
 TEST(Comparison, ComputesDeviationsOverTheCompletePlaces) {
-  const Deviations of =
-      DeviationsOf({Both(103000, 100000), Both(96000, 100000), Both(0, 5000), NoFileFor(7000), NoTrackFor(9000)});
-  EXPECT_EQ(of.compared, 2);
-  EXPECT_EQ(of.maximum, 4000);
-  EXPECT_EQ(of.mean, 3500);
-  EXPECT_NEAR(of.quadratic, 3535.53, 0.01);
-  EXPECT_EQ(DeviationsOf({NoFileFor(7000)}).quadratic, 0);
-}
-
-TEST(Comparison, ReadsTheListsPlaceByPlace) {
   ListBox files{"files"}, tracks{"tracks"};
-  files.Add(L"a.mp3", 2000);
+  for (const int time : {103000, 96000, 0}) files.Add(L"a.mp3", time);
   files.Add(L"**Fake Track**", 77);
-  tracks.Add(L"A", 75);
-  tracks.Add(L"B", 150);
-  tracks.Add(L"C", 0);
+  for (const int frames : {7500, 7500, 375, 525, 75}) tracks.Add(L"A", frames);
   const std::vector<Place> places = Places(files, tracks);
-  ASSERT_EQ(places.size(), 3U);
-  EXPECT_EQ(Difference(places[0]), 1000);
-  EXPECT_FALSE(places[1].hasFile);
-  EXPECT_EQ(places[1].file, 0);
-  EXPECT_NEAR(places[1].track, 2000, 1e-9);
-  EXPECT_TRUE(places[2].hasTrack && !places[2].hasFile);
+  ASSERT_EQ(places.size(), 5U);
+  EXPECT_NEAR(Difference(places[0]), 3000, 1e-9);
+  EXPECT_TRUE(places[3].hasTrack && !places[3].hasFile && places[3].file == 0);
+  EXPECT_TRUE(places[4].hasTrack && !places[4].hasFile);
+  const Deviations of = DeviationsOf(places);
+  EXPECT_EQ(of.compared, 2);
+  EXPECT_NEAR(of.maximum, 4000, 1e-9);
+  EXPECT_NEAR(of.mean, 3500, 1e-9);
+  EXPECT_NEAR(of.quadratic, 3535.53, 0.01);
 }
 
 TEST(Diagnose, SaysWhatTheDifferencesMean) {
-  const double t[] = {100e3, 150e3, 200e3, 250e3, 300e3};
-  const Place same = Both(1e6, 1e6);
+  const std::string four = " 999/999 999/999 999/999 999/999";
   const struct {
-    const char* name;
-    std::vector<Place> places;
+    std::string places;
     Verdict verdict;
-    int place;
+    int place = 0;
   } cases[] = {
-      {"no disc", {NoTrackFor(t[0]), NoTrackFor(t[1])}, Verdict::Nothing, 0},
-      {"all fit", {Both(t[0], t[0]), Both(t[1] + 2000, t[1]), Both(0, t[2])}, Verdict::Fits, 0},
-      {"all that are there fit", {Both(t[0], t[0]), NoFileFor(t[1])}, Verdict::Fits, 0},
-      {"mixed up, and one in five another recording",
-       {Both(t[1], t[0]), Both(t[0], t[1]), Both(t[3], t[2]), Both(t[2], t[3]), Both(1e6, t[4])},
-       Verdict::OtherOrder,
-       0},
-      {"two of many mixed up",
-       {Both(t[1], t[0]), Both(t[0], t[1]), same, same, same, same, same, same, same, same},
-       Verdict::OtherOrder,
-       0},
-      {"most fit whatever the order",
-       {Both(t[4], t[1]), Both(t[0], t[0]), Both(t[2], t[2]), same, same, same},
-       Verdict::PartlyFits,
-       0},
-      {"second missing, a fake at the end",
-       {Both(t[0], t[0]), Both(t[2], t[1]), Both(t[3], t[2]), NoFileFor(t[3])},
-       Verdict::FileMissing,
-       1},
-      {"second too many",
-       {Both(t[0], t[0]), Both(t[4], t[1]), Both(t[1], t[2]), NoTrackFor(t[2])},
-       Verdict::FileTooMany,
-       1},
-      {"one differs", {Both(t[0], t[0]), Both(t[1], t[1]), Both(t[4], t[2])}, Verdict::PartlyFits, 0},
-      {"another disc", {Both(t[0], t[1]), Both(t[0], t[2]), Both(t[0], t[3])}, Verdict::WrongDisc, 0},
+      {"-/100 50/-", Verdict::Nothing},
+      {"100/98 0/200 -/150", Verdict::Fits},
+      {"150/100 100/150 250/200 200/250 999/300", Verdict::OtherOrder},  // and one in five another recording
+      {"150/100 100/150" + four + four, Verdict::OtherOrder},
+      {"300/150 100/100" + four, Verdict::PartlyFits},  // most fit whatever the order
+      {"100/100 300/200", Verdict::PartlyFits},
+      {"100/100 200/150 250/200 -/250", Verdict::FileMissing, 1},
+      {"100/100 300/150 150/200 200/-", Verdict::FileTooMany, 1},
+      {"100/150 100/200 100/250", Verdict::WrongDisc},
   };
   for (const auto& expected : cases) {
-    const Diagnosis diagnosis = Diagnose(expected.places);
-    EXPECT_EQ(diagnosis.verdict, expected.verdict) << expected.name;
-    EXPECT_EQ(diagnosis.place, expected.place) << expected.name;
+    const Diagnosis diagnosis = Diagnose(PlacesOf(expected.places));
+    EXPECT_EQ(diagnosis.verdict, expected.verdict) << expected.places;
+    EXPECT_EQ(diagnosis.place, expected.place) << expected.places;
   }
 }
 
 TEST(ComparisonTable, WritesDifferences) {
-  EXPECT_EQ(DifferenceText(3440, L','), L"+3,4 s");
-  EXPECT_EQ(DifferenceText(-49, L'.'), L"\u00B10.0 s");
-  EXPECT_EQ(DifferenceText(-59940, L'.'), L"\u221259.9 s");
-  EXPECT_EQ(DifferenceText(-59960, L'.'), L"\u22121:00");
-  EXPECT_EQ(DeviationText(65000, L'.'), L"1:05");
+  for (const auto& [milliseconds, text] :
+       {std::pair(3440, L"+3,4 s"), {-49, L"\u00B10,0 s"}, {-59940, L"\u221259,9 s"}, {-59960, L"\u22121:00"}}) {
+    EXPECT_EQ(DifferenceText(milliseconds, L','), text);
+  }
 }
 
-TEST(ComparisonChart, DrawsABarForEveryPlace) {
-  for (const int count : {1, 13, 2000}) {
+TEST(ComparisonChart, DrawsABarForEveryPlaceThatIsMeasured) {
+  for (const int pairs : {1, 7, 1000}) {
     SketchCanvas canvas({700, 240});
     ComparisonChart chart;
-    chart.measured = count;
-    for (int i = 0; i < count; ++i) chart.places.push_back(Both(100e3 + (i % 2 == 0 ? 20e3 : -1e3), 100e3));
+    chart.measured = 2 * pairs;
+    for (int i = 0; i <= pairs; ++i) {  // the last pair is not measured yet
+      for (const Place& place : PlacesOf("120/100 99/100")) chart.places.push_back(place);
+    }
     DrawComparison(canvas, chart);
     const std::vector<Rect> wrong = canvas.Filled(Ink::Error), good = canvas.Filled(Ink::Good);
-    EXPECT_EQ(std::ssize(wrong), 1 + (count + 1) / 2);  // the first is the legend's
-    EXPECT_EQ(std::ssize(good), 1 + count / 2);
+    EXPECT_EQ(std::ssize(wrong), 1 + pairs);  // the first is the legend's
+    EXPECT_EQ(std::ssize(good), 1 + pairs);
+    EXPECT_LT(wrong[1].y, good[1].y);  // what is too long stands above
     for (const auto& [ink, area] : canvas.fills) {
       EXPECT_TRUE(area.x >= 0 && area.x + area.width <= 700 && area.y + area.height <= 240);
       EXPECT_TRUE(area.width > 0 && area.height > 0);
     }
-    EXPECT_LT(wrong[1].y, count > 1 ? good[1].y : 240);  // what is too long stands above
     EXPECT_NE(std::find(canvas.texts.begin(), canvas.texts.end(), L"+20 s"), canvas.texts.end());
   }
 }
 
-TEST(ComparisonChart, StaysWithinItsRoomAndSkipsWhatIsNotMeasuredYet) {
+TEST(ComparisonChart, StaysWithinItsRoomAndScalesInRoundTimes) {
   const ComparisonChart chart{
-      .places = {Both(0, 1000), NoFileFor(1000), NoTrackFor(1000), Both(9e9, 1000), Both(1000, 1000)},
-      .measured = 4,
-      .selected = 4,
-      .legend = {L"?", L"-", L"+"}};
-  for (const Size size : {Size{700, 240}, Size{0, 0}, Size{60, 30}, Size{80, 400}}) {
+      .places = PlacesOf("0/1 -/1 1/- 9000000/1 1/1"), .measured = 5, .selected = 4, .legend = {}};
+  for (const Size size : {Size{0, 0}, Size{60, 30}, Size{80, 400}, Size{700, 240}}) {
     SketchCanvas canvas(size);
     DrawComparison(canvas, chart);
-    if (size.width < 700) continue;
-    EXPECT_EQ(canvas.Filled(Ink::Error).size(), 2U);
-    EXPECT_EQ(canvas.Filled(Ink::Good).size(), 1U);
     for (const Point end : canvas.ends) {
-      EXPECT_TRUE(end.x >= 0 && end.x <= 700 && end.y >= 0 && end.y <= 240) << end.x << " " << end.y;
+      EXPECT_TRUE(end.x >= 0 && end.x <= 700 && end.y >= 0 && end.y <= size.height) << end.x << " " << end.y;
     }
   }
-}
-
-TEST(ComparisonChart, ScalesInRoundTimes) {
-  for (const auto& [difference, limit] : {std::pair(0., 4e3), {4e3, 4e3}, {4001, 10e3}, {3600001, 7200e3}}) {
+  for (const auto& [difference, limit] : {std::pair(4e3, 4e3), {4001., 10e3}, {3600001., 7200e3}}) {
     EXPECT_EQ(AxisLimit(difference), limit);
   }
 }

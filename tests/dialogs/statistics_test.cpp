@@ -35,12 +35,10 @@ TEST_F(StatisticsTest, MeasuresEveryFileAndShowsTheDeviations) {
   prompts.dialogs.emplace_back([&](Form& form) {
     EXPECT_EQ(text(form, "maximum_value_lbl") + text(form, "global_value_lbl") + text(form, "quadratic_value_lbl"),
               L"5.0 s2.8 s3.6 s");
-    EXPECT_EQ(text(form, "fakes_value_lbl"), L"1");
-    EXPECT_EQ(text(form, "verdict_lbl"), TestText(message::kVerdictPartlyFits));
+    EXPECT_EQ(text(form, "fakes_value_lbl") + text(form, "verdict_lbl"), L"1" + TestText(message::kVerdictPartlyFits));
     const auto& places = Find<ListBox>(form.layout, "places_lst");
-    EXPECT_EQ(places.cell(0, 5), L"+0.5 s");
-    EXPECT_EQ(places.cell(1, 5), TestText(message::kUnmeasured));
-    EXPECT_EQ(places.cell(2, 5), TestText(message::kWithoutFile));
+    EXPECT_EQ(places.cell(0, 5) + places.cell(1, 5) + places.cell(2, 5),
+              L"+0.5 s" + TestText(message::kUnmeasured) + TestText(message::kWithoutFile));
     EXPECT_EQ(places.cell(4, 1) + places.cell(4, 2) + places.cell(4, 3) + places.cell(4, 4), L"b.mp30:06Title0:01");
     PressOk(form);
     EXPECT_TRUE(form.Closing());
@@ -52,8 +50,8 @@ TEST_F(StatisticsTest, MeasuresEveryFileAndShowsTheDeviations) {
 
   new_lst.Clear();
   prompts.dialogs.emplace_back([&](Form& form) {
-    EXPECT_EQ(text(form, "verdict_lbl"), TestText(message::kVerdictNothing));
-    EXPECT_EQ(text(form, "maximum_value_lbl"), L"\u2013");
+    EXPECT_EQ(text(form, "verdict_lbl") + text(form, "maximum_value_lbl"),
+              TestText(message::kVerdictNothing) + L"\u2013");
   });
   ShowStatistics(context, L"C:\\m", mp3_lst, new_lst);
 }

