@@ -97,6 +97,13 @@ TEST_F(Updater, SaysOnlyWhenAskedThatNothingCameOfIt) {
   EXPECT_TRUE(ftp.requests.empty());
   context.settings.Put(L"Bypass", L"1");
   expect(L"<60>");
+  ftp.requests.clear();
+  for (const wchar_t* automatic : {L"0", L"yes"}) {
+    EXPECT_TRUE(ftp.requests.empty());
+    context.settings.Put(L"AutoUpd", automatic);
+    CheckForUpdateAtStart(context, host);
+  }
+  EXPECT_EQ(ftp.requests.size(), 1u);
   host = L"";  // no server is configured
   expect(L"<55>");
 }
@@ -160,15 +167,6 @@ TEST_F(Updater, StopsWaitingForAStalledServerWhenTheUserCancelsOrPressesTheButto
   });
   CheckForUpdate(context, true, host);  // gives way to it
   EXPECT_EQ(prompts.messages, (Texts{L"<177>", L"<59> Tagrix 1.0.0"}));
-}
-
-TEST_F(Updater, TheSettingSwitchesTheStartCheckOff) {
-  Offer(L"setup.exe", L"0");
-  for (const auto& [setting, requests] : {std::pair(L"0", 0u), {L"yes", 1u}}) {
-    context.settings.Put(L"AutoUpd", setting);
-    CheckForUpdateAtStart(context, host);
-    EXPECT_EQ(ftp.requests.size(), requests);
-  }
 }
 
 }  // namespace
