@@ -115,7 +115,6 @@ TEST_F(Burn, AsksAboveTheCapacityAndWhenTheProgramIsMissing) {
   prompts.answers = {false, false, true};
   page.burn_btn.Click();
   EXPECT_EQ(shell.programs.size(), 1u);
-
   files.Delete(L"C:\\Burn er\\copytocd.exe");
   EXPECT_FALSE(DetectCopyToDvd(context) || DetectCopyToDvd(context));
   EXPECT_EQ(prompts.questions, (Texts{L"<174>", L"<173>", L"<173>"}));
@@ -136,6 +135,7 @@ TEST(Capacity, IsABarOverMinutes) {
   for (const Size size : {Size{0, 0}, Size{44, 0}, Size{54, 10}, Size{104, 20}}) {
     SketchCanvas narrow(size);
     PaintCapacity(narrow, 1e9);
+    for (const Point end : narrow.ends) EXPECT_TRUE(end.x >= 0 && end.x < size.width);
   }
   EXPECT_EQ(BurnTime(3'725'400), L"62min 5sec ");
   EXPECT_EQ(BurnTime(59'999.6), L"1min 0sec ");
