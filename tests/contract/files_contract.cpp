@@ -164,7 +164,7 @@ TEST_F(FilesContract, ReadOnlyFilesAreLeftAlone) {
   case_.SetReadOnly(At(L"a.mp3"));
   files_.Rename(At(L"a.mp3"), path);  // its content is protected, not its name
   EXPECT_TRUE(files_.Find(path)->readOnly);
-  files_.List(case_.folder, L"b*", [](const FileInfo& info) {
+  files_.List(case_.folder, L"*.mp3", [](const FileInfo& info) {
     EXPECT_TRUE(info.readOnly);
     return true;
   });

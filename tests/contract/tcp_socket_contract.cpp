@@ -66,7 +66,8 @@ TYPED_TEST_SUITE(SocketContract, SocketCases);
 TYPED_TEST(SocketContract, ConnectsOnlyWhileEventsRun) {
   auto& socket = this->case_.socket;
   EXPECT_EQ(socket.State(), SocketState::Closed);
-  socket.Connect(L"127.0.0.1", this->case_.Serve("hello", true));
+  socket.Connect(L"127.0.0.1", this->case_.Refuse());
+  socket.Connect(L"127.0.0.1", this->case_.Serve("hello", true));  // ends the former attempt
   EXPECT_TRUE(socket.State() == SocketState::ResolvingHost || socket.State() == SocketState::Connecting);
   EXPECT_TRUE(this->Reaches(SocketState::Connected));
   socket.Connect(L"127.0.0.1", this->case_.Refuse());
@@ -144,7 +145,7 @@ TEST_F(RealSocketContract, TriesEveryAddressOfAName) {
   EXPECT_TRUE(Reaches(SocketState::Error));
   case_.socket.Connect(L"localhost", RefusedPort());
   EXPECT_TRUE(Reaches(SocketState::Error));
-  if (!KnowsLocalhost()) GTEST_SKIP() << "no address of \"localhost\" here";
+  if (gethostbyname("localhost") == nullptr) GTEST_SKIP() << "no address of \"localhost\" here";
   ASSERT_TRUE(Connects(L"localhost", case_.Serve("hello", true)));  // listens on 127.0.0.1 only
   case_.socket.SendData(kRequest);
   ASSERT_TRUE(Reaches(SocketState::PeerClosing));

@@ -2,7 +2,6 @@
 
 #include "core/failure.h"
 #include "core/paths.h"
-#include "fakes/name_rules.h"
 
 namespace tagrix {
 namespace {
@@ -11,6 +10,13 @@ std::wstring Parent(const std::wstring& path) { return WithoutBackslash(std::wst
 
 void Check(bool allowed, const wchar_t* operation, const std::wstring& path) {
   if (!allowed) throw Failure(operation, path, L"Windows would refuse that.");
+}
+
+// Whether a name matches "*.*" or a pattern of a star and an ending.
+bool Matches(std::wstring_view pattern, std::wstring_view name) {
+  const size_t ending = pattern.size() - 1;
+  return pattern == L"*.*" ||
+         (name.size() >= ending && EqualIgnoringCase(name.substr(name.size() - ending), pattern.substr(1)));
 }
 
 }  // namespace
@@ -104,7 +110,9 @@ FakeFiles::Entry& FakeFiles::Need(const wchar_t* operation, const std::wstring& 
 // What a new name needs: its folder, and to be one.
 void FakeFiles::NeedPlaceFor(const wchar_t* operation, const std::wstring& path) {
   Need(operation, Parent(path), true);
-  Check(ValidName(FileNamePart(path)), operation, path);
+  const std::wstring_view name = FileNamePart(path);
+  const bool valid = !name.empty() && name.find_first_of(L"/:?*\"<>|") == name.npos;
+  Check(valid && !name.ends_with(L' ') && !name.ends_with(L'.'), operation, path);
 }
 
 std::optional<FileInfo> FakeFiles::Find(const std::wstring& path) {
@@ -184,7 +192,7 @@ void FakeFiles::List(const std::wstring& folder, const std::wstring& pattern,
   for (auto at = entries_.upper_bound(prefix); at != entries_.end(); ++at) {
     const std::wstring& path = at->first;
     if (!StartsWithIgnoringCase(path, prefix)) break;
-    if (path.find(L'\\', prefix.size()) != path.npos || !MatchesPattern(pattern, at->second.info.name)) continue;
+    if (path.find(L'\\', prefix.size()) != path.npos || !Matches(pattern, at->second.info.name)) continue;
     found.push_back(at->second.info);
   }
   for (const FileInfo& info : found) {

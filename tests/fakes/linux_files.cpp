@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <fnmatch.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,32 +12,50 @@
 #include <cstring>
 
 #include "core/failure.h"
-#include "core/paths.h"
 #include "core/text.h"
-#include "fakes/name_rules.h"
-#include "fakes/utf8.h"
 
 namespace tagrix {
 namespace {
 
-Failure SystemFailure(const wchar_t* operation, const std::wstring& path, int error) {
-  return Failure(operation, path, Widen(std::strerror(error)));
+// Passes on what a system call returns, unless it failed.
+template <typename Result>
+Result Check(Result result, const wchar_t* operation, const std::wstring& path) {
+  if (result < 0) throw Failure(operation, path, Widen(std::strerror(errno)));
+  return result;
+}
+
+void AppendUtf8(std::string& bytes, std::wstring_view text) {
+  for (const wchar_t c : text) {
+    const auto code = static_cast<char32_t>(c);
+    if (code < 0x80) {
+      bytes += static_cast<char>(code);
+      continue;
+    }
+    const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
+    bytes += static_cast<char>(kLead[more] | code >> 6 * more);
+    for (int left = more - 1; left >= 0; --left) bytes += static_cast<char>(0x80 | (code >> 6 * left & 0x3F));
+  }
+}
+
+// Replaces the content of `text`.
+void AssignUtf8(std::wstring& text, std::string_view bytes) {
+  text.clear();
+  text.reserve(bytes.size());
+  for (size_t at = 0; at < bytes.size();) {
+    const auto lead = static_cast<unsigned char>(bytes[at++]);
+    const size_t more = lead < 0x80 ? 0 : lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
+    auto code = more == 0 ? lead : lead & (0x3FU >> more);
+    for (const size_t end = std::min(at + more, bytes.size()); at < end; ++at) {
+      code = code << 6 | (static_cast<unsigned char>(bytes[at]) & 0x3F);
+    }
+    text += static_cast<wchar_t>(code);
+  }
 }
 
 struct CloseFolder {
   void operator()(DIR* folder) const { closedir(folder); }
 };
-using Folder = std::unique_ptr<DIR, CloseFolder>;
-
-std::string_view LastComponent(std::string_view path) { return path.substr(path.rfind('/') + 1); }
-
-bool IsReadOnly(const struct stat& status) { return (status.st_mode & S_IWUSR) == 0; }
-
-void Describe(const struct stat& status, FileInfo& info) {
-  info.folder = S_ISDIR(status.st_mode);
-  info.readOnly = IsReadOnly(status);
-  info.size = info.folder ? 0 : static_cast<std::uint64_t>(status.st_size);
-}
 
 // Looks a name up in an open folder (AT_FDCWD: a whole path); a link is described by what it leads to.
 bool Describe(int folder, const char* name, FileInfo& info) {
@@ -44,11 +63,11 @@ bool Describe(int folder, const char* name, FileInfo& info) {
   if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0) return false;
   info.link = S_ISLNK(status.st_mode);
   if (info.link && fstatat(folder, name, &status, 0) != 0) return false;
-  Describe(status, info);
+  info.folder = S_ISDIR(status.st_mode);
+  info.readOnly = (status.st_mode & S_IWUSR) == 0;
+  info.size = info.folder ? 0 : static_cast<std::uint64_t>(status.st_size);
   return true;
 }
-
-}  // namespace
 
 class LinuxFile : public File {
  public:
@@ -59,41 +78,32 @@ class LinuxFile : public File {
 
   std::uint64_t Size() override {
     struct stat status;
-    Check(L"Size", fstat(file_, &status));
+    Check(fstat(file_, &status), L"Size", path_);
     return static_cast<std::uint64_t>(status.st_size);
   }
   std::size_t Read(std::uint64_t offset, char* buffer, std::size_t count) override {
-    return static_cast<std::size_t>(Check(L"Read", pread(file_, buffer, count, static_cast<off_t>(offset))));
+    const auto at = static_cast<off_t>(offset);
+    return static_cast<std::size_t>(Check(pread(file_, buffer, count, at), L"Read", path_));
   }
   void Write(std::uint64_t offset, std::string_view bytes) override {
     while (!bytes.empty()) {
-      const auto written = Check(L"Write", pwrite(file_, bytes.data(), bytes.size(), static_cast<off_t>(offset)));
+      const auto at = static_cast<off_t>(offset);
+      const auto written = Check(pwrite(file_, bytes.data(), bytes.size(), at), L"Write", path_);
       offset += static_cast<std::uint64_t>(written);
       bytes.remove_prefix(static_cast<std::size_t>(written));
     }
   }
-  void Flush() override { Check(L"Flush", fsync(file_)); }
-
-  // The superuser may open what is read-only.
-  void RefuseReadOnly(const wchar_t* operation) {
-    struct stat status;
-    Check(operation, fstat(file_, &status));
-    if (IsReadOnly(status)) throw SystemFailure(operation, path_, EACCES);
-  }
-  void Empty() { Check(L"Create", ftruncate(file_, 0)); }
+  void Flush() override { Check(fsync(file_), L"Flush", path_); }
 
  private:
-  ssize_t Check(const wchar_t* operation, ssize_t result) {
-    if (result < 0) throw SystemFailure(operation, path_, errno);
-    return result;
-  }
-
   int file_;
   std::wstring path_;
 };
 
+}  // namespace
+
 std::string LinuxFiles::LinuxPath(const std::wstring& path) const {
-  if (!StartsWithIgnoringCase(path, L"C:") || (path.size() > 2 && path[2] != L'\\')) return {};
+  if (!path.starts_with(L"C:")) return {};
   std::string result;
   result.reserve(root_.size() + path.size());
   result = root_;
@@ -103,54 +113,17 @@ std::string LinuxFiles::LinuxPath(const std::wstring& path) const {
   return result;
 }
 
-bool LinuxFiles::Respell(std::string& path) const {
-  bool changed = false;
-  for (size_t at = root_.size() + 1; at < path.size();) {
-    const size_t end = std::min(path.find('/', at), path.size());
-    if (faccessat(AT_FDCWD, path.substr(0, end).c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0) {
-      const Folder folder(opendir(path.substr(0, at).c_str()));
-      if (!folder) return changed;
-      std::wstring wanted, name;
-      AssignUtf8(wanted, path.substr(at, end - at));
-      while (const dirent* entry = readdir(folder.get())) {
-        AssignUtf8(name, entry->d_name);
-        if (!EqualIgnoringCase(name, wanted)) continue;
-        path.replace(at, end - at, entry->d_name);
-        changed = true;
-        break;
-      }
-    }
-    at = path.find('/', at);
-    at = at == path.npos ? path.size() : at + 1;
-  }
-  return changed;
-}
-
-template <typename Call>
-int LinuxFiles::OnPath(std::string& path, Call call) const {
-  const int result = call(path.c_str());
-  return result < 0 && errno == ENOENT && Respell(path) ? call(path.c_str()) : result;
-}
-
 std::optional<FileInfo> LinuxFiles::Find(const std::wstring& path) {
-  std::string at = LinuxPath(path);
+  const std::string at = LinuxPath(path);
   FileInfo info;
-  if (OnPath(at, [&](const char* name) { return Describe(AT_FDCWD, name, info) ? 0 : -1; }) < 0) return {};
-  if (at.size() <= root_.size()) {
-    info.name = L"C:";
-  } else {
-    AssignUtf8(info.name, LastComponent(at));
-  }
+  if (!Describe(AT_FDCWD, at.c_str(), info)) return {};
+  AssignUtf8(info.name, at.size() > root_.size() ? std::string_view(at).substr(at.rfind('/') + 1) : "C:");
   return info;
 }
 
-std::unique_ptr<LinuxFile> LinuxFiles::Open(const wchar_t* operation, const std::wstring& path, int flags) {
-  std::string at = LinuxPath(path);
-  const int file = OnPath(at, [&](const char* name) { return open(name, flags | O_CLOEXEC, 0644); });
-  if (file < 0) throw SystemFailure(operation, path, errno);
-  auto opened = std::make_unique<LinuxFile>(file, path);
-  if (flags != O_RDONLY) opened->RefuseReadOnly(operation);
-  return opened;
+std::unique_ptr<File> LinuxFiles::Open(const wchar_t* operation, const std::wstring& path, int flags) const {
+  const int file = Check(open(LinuxPath(path).c_str(), flags | O_CLOEXEC, 0644), operation, path);
+  return std::make_unique<LinuxFile>(file, path);
 }
 
 std::unique_ptr<File> LinuxFiles::OpenForReading(const std::wstring& path) { return Open(L"Open", path, O_RDONLY); }
@@ -158,72 +131,37 @@ std::unique_ptr<File> LinuxFiles::OpenForReading(const std::wstring& path) { ret
 std::unique_ptr<File> LinuxFiles::OpenForWriting(const std::wstring& path) { return Open(L"Open", path, O_RDWR); }
 
 std::unique_ptr<File> LinuxFiles::Create(const std::wstring& path) {
-  if (!ValidName(FileNamePart(path))) throw SystemFailure(L"Create", path, EINVAL);
-  auto file = Open(L"Create", path, O_RDWR | O_CREAT);
-  file->Empty();
-  return file;
+  return Open(L"Create", path, O_RDWR | O_CREAT | O_TRUNC);
 }
 
 void LinuxFiles::Rename(const std::wstring& from, const std::wstring& to) {
-  if (!ValidName(FileNamePart(to))) throw SystemFailure(L"Rename", to, EINVAL);
-  std::string source = LinuxPath(from), target = LinuxPath(to);
-  const auto call = [&] { return renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE); };
-  int result = call();
-  if (result < 0 && errno == ENOENT) {
-    // Only the folder of the target has to exist; the name itself is taken as it is spelled.
-    const std::string name(LastComponent(target));
-    const bool respelled = Respell(source);
-    if (Respell(target) || respelled) {
-      target.replace(target.rfind('/') + 1, target.npos, name);
-      result = call();
-    } else {
-      errno = ENOENT;
-    }
-  }
-  if (result < 0 && !(errno == EEXIST && source == target)) throw SystemFailure(L"Rename", from, errno);
+  const std::string source = LinuxPath(from), target = LinuxPath(to);
+  if (source == target) return;
+  Check(renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE), L"Rename", from);
 }
 
 void LinuxFiles::Replace(const std::wstring& from, const std::wstring& over) {
-  const std::optional<FileInfo> target = Find(over);
-  if (!target || target->folder) throw SystemFailure(L"Replace", over, ENOENT);
-  if (target->readOnly) throw SystemFailure(L"Replace", over, EACCES);
-  std::string source = LinuxPath(from), at = LinuxPath(std::wstring(FolderPart(over)) + target->name);
-  Respell(at);
-  if (OnPath(source, [&](const char* name) { return rename(name, at.c_str()); }) < 0) {
-    throw SystemFailure(L"Replace", over, errno);
-  }
+  Check(rename(LinuxPath(from).c_str(), LinuxPath(over).c_str()), L"Replace", over);
 }
 
-void LinuxFiles::Delete(const std::wstring& path) {
-  const std::optional<FileInfo> target = Find(path);
-  if (target && target->readOnly) throw SystemFailure(L"Delete", path, EACCES);
-  std::string at = LinuxPath(path);
-  if (OnPath(at, [](const char* name) { return unlink(name); }) < 0) throw SystemFailure(L"Delete", path, errno);
-}
+void LinuxFiles::Delete(const std::wstring& path) { Check(unlink(LinuxPath(path).c_str()), L"Delete", path); }
 
 void LinuxFiles::CreateFolder(const std::wstring& path) {
-  if (!ValidName(FileNamePart(path))) throw SystemFailure(L"Create folder", path, EINVAL);
-  std::string at = LinuxPath(path);
-  if (OnPath(at, [](const char* name) { return mkdir(name, 0755); }) < 0) {
-    throw SystemFailure(L"Create folder", path, errno);
-  }
+  Check(mkdir(LinuxPath(path).c_str(), 0755), L"Create folder", path);
 }
 
 void LinuxFiles::List(const std::wstring& folder, const std::wstring& pattern,
                       const std::function<bool(const FileInfo&)>& entry) {
-  std::string at = LinuxPath(folder);
-  Folder listed;
-  OnPath(at, [&](const char* name) {
-    listed.reset(opendir(name));
-    return listed ? 0 : -1;
-  });
-  if (!listed) throw SystemFailure(L"List", folder, errno);
+  const std::unique_ptr<DIR, CloseFolder> listed(opendir(LinuxPath(folder).c_str()));
+  Check(listed ? 0 : -1, L"List", folder);
+  std::string wanted;
+  if (pattern != L"*" && pattern != L"*.*") AppendUtf8(wanted, pattern);
   FileInfo info;
   while (const dirent* found = readdir(listed.get())) {
     const std::string_view name = found->d_name;
     if (name == "." || name == "..") continue;
+    if (!wanted.empty() && fnmatch(wanted.c_str(), found->d_name, FNM_CASEFOLD) != 0) continue;
     AssignUtf8(info.name, name);
-    if (!MatchesPattern(pattern, info.name)) continue;
     if (found->d_type == DT_DIR) {
       info.folder = true;
       info.link = info.readOnly = false;
@@ -234,7 +172,5 @@ void LinuxFiles::List(const std::wstring& folder, const std::wstring& pattern,
     if (!entry(info)) return;
   }
 }
-
-bool LinuxFiles::HasVolumeLabel(const std::wstring& drive) { return EqualIgnoringCase(drive, L"C:"); }
 
 }  // namespace tagrix

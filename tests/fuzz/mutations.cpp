@@ -13,16 +13,12 @@ namespace tagrix {
 namespace {
 
 std::vector<std::string> Corpus(const std::string& folder) {
-  std::vector<std::filesystem::path> paths;
-  for (const auto& entry : std::filesystem::directory_iterator(TAGRIX_CORPUS "/" + folder)) {
-    paths.push_back(entry.path());
-  }
-  std::sort(paths.begin(), paths.end());
   std::vector<std::string> inputs;
-  for (const auto& path : paths) {
-    std::ifstream file(path, std::ios::binary);
+  for (const auto& entry : std::filesystem::directory_iterator(TAGRIX_CORPUS "/" + folder)) {
+    std::ifstream file(entry.path(), std::ios::binary);
     inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
   }
+  std::sort(inputs.begin(), inputs.end());
   return inputs;
 }
 
@@ -44,15 +40,16 @@ class Mutator {
   }
 
   void Change(std::string& input) {
-    constexpr char kTelling[] = {'\0', '\xFF', '\xFB', '\x7F', '\x80', '\n', '%', '"', '<', '9'};
-    const std::size_t at = Place(input);
-    const std::size_t length = 1 + Below(Below(2) == 0 ? 4 : 200);
+    constexpr std::string_view kTelling("\0\xFF\xFB\x7F\x80\n%\"<9", 10);
+    const std::string telling(1, kTelling[Below(kTelling.size())]);
+    const std::size_t at = Place(input), length = 1 + Below(Below(2) == 0 ? 4 : 200);
+    const std::string& other = corpus_[Below(corpus_.size())];
     switch (Below(7)) {
       case 0:
         if (!input.empty()) input[at] = static_cast<char>(input[at] ^ 1 << Below(8));
         break;
       case 1:
-        if (!input.empty()) input[at] = kTelling[Below(std::size(kTelling))];
+        input.replace(at, 1, telling);
         break;
       case 2:
         input.erase(at, length);
@@ -61,15 +58,13 @@ class Mutator {
         input.insert(at, std::string(input, Place(input), length));
         break;
       case 4:
-        input.insert(at, std::string(length, kTelling[Below(std::size(kTelling))]));
+        input.insert(at, std::string(length, telling[0]));
         break;
       case 5:
         input.resize(Below(input.size() + 1));
         break;
-      default: {
-        const std::string& other = corpus_[Below(corpus_.size())];
+      default:
         input.replace(at, length, other, Below(other.size()), length);
-      }
     }
   }
 

@@ -2,11 +2,8 @@
 
 #ifdef _WIN32
 #include <winsock2.h>
-// Needs winsock2.h before it.
-#include <ws2tcpip.h>
 #else
 #include <arpa/inet.h>
-#include <netdb.h>
 #include <netinet/in.h>
 #include <sys/select.h>
 #include <sys/socket.h>
@@ -21,7 +18,6 @@ namespace {
 #ifdef _WIN32
 using Socket = SOCKET;
 using SocketSize = int;
-using PieceSize = int;
 void CloseSocket(Socket socket) { closesocket(socket); }
 void Start() {
   WSADATA data;
@@ -31,7 +27,6 @@ constexpr int kNoSignal = 0;
 #else
 using Socket = int;
 using SocketSize = socklen_t;
-using PieceSize = size_t;
 void CloseSocket(Socket socket) { close(socket); }
 void Start() {}
 constexpr int kNoSignal = MSG_NOSIGNAL;
@@ -83,28 +78,20 @@ std::string Peer::ReadTo(std::string_view end) {
   return all;
 }
 
-std::string Peer::ReadAll() { return ReadTo({}); }
-
-bool Peer::Write(std::string_view bytes) {
+void Peer::Write(std::string_view bytes) {
   while (!bytes.empty()) {
-    const auto piece = static_cast<PieceSize>(bytes.size() < 65536 ? bytes.size() : 65536);
-    const auto count = send(As(socket_), bytes.data(), piece, kNoSignal);
-    if (count <= 0) return false;
+    const auto count = send(As(socket_), bytes.data(), static_cast<int>(bytes.size()), kNoSignal);
+    if (count <= 0) return;
     bytes.remove_prefix(static_cast<size_t>(count));
   }
-  return true;
-}
-
-void Peer::Close() {
-  if (socket_ >= 0) CloseSocket(As(socket_));
-  socket_ = -1;
 }
 
 void Peer::Reset() {
   const linger abort{1, 0};
   setsockopt(As(socket_), SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&abort), sizeof abort);
-  Close();
 }
+
+Peer::~Peer() { CloseSocket(As(socket_)); }
 
 LoopbackServer::LoopbackServer(std::function<void(Peer&)> serve) : listener_(Bind(port_)) {
   listen(As(listener_), 8);
@@ -132,14 +119,6 @@ int RefusedPort() {
   int port = 0;
   CloseSocket(As(Bind(port)));
   return port;
-}
-
-bool KnowsLocalhost() {
-  Start();
-  addrinfo* found = nullptr;
-  if (getaddrinfo("localhost", nullptr, nullptr, &found) != 0) return false;
-  freeaddrinfo(found);
-  return true;
 }
 
 }  // namespace tagrix

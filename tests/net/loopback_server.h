@@ -16,19 +16,15 @@ class Peer {
  public:
   // Reading ends when `stop` is set, too.
   Peer(std::intptr_t socket, const std::atomic<bool>& stop) : socket_(socket), stop_(stop) {}
-  ~Peer() { Close(); }
+  ~Peer();
   Peer(const Peer&) = delete;
   Peer& operator=(const Peer&) = delete;
 
-  // Reads until what was read ends with `end`, or the client closes.
+  // Reads until what was read ends with `end`, or (also when that is empty) the client closes.
   std::string ReadTo(std::string_view end);
-  // Reads until the client closes.
-  std::string ReadAll();
-  // False when the client has gone.
-  bool Write(std::string_view bytes);
-  // Closes; what has not been read is thrown away.
-  void Close();
-  // Cuts the connection off without a farewell.
+  // Stops when the client has gone.
+  void Write(std::string_view bytes);
+  // Makes the end of the connection one without a farewell.
   void Reset();
 
  private:
@@ -58,9 +54,6 @@ class LoopbackServer {
 
 // A port on which nothing listens.
 int RefusedPort();
-
-// Whether this machine has an address for "localhost".
-bool KnowsLocalhost();
 
 }  // namespace tagrix
 
