@@ -46,6 +46,7 @@ int main(int, char** arguments) {
   GetProcessMemoryInfo(started.hProcess, &memory, sizeof memory);
   std::printf("milliseconds %.3f\nkib %zu\n", elapsed.count(), static_cast<std::size_t>(memory.WorkingSetSize / 1024));
   PostMessageW(search.window, WM_CLOSE, 0, 0);
-  if (WaitForSingleObject(started.hProcess, 10000) != WAIT_OBJECT_0) TerminateProcess(started.hProcess, 3);
-  return 0;
+  if (WaitForSingleObject(started.hProcess, 10000) == WAIT_OBJECT_0) return 0;
+  TerminateProcess(started.hProcess, 3);
+  return 3;
 }
