@@ -8,41 +8,38 @@ namespace tagrix {
 namespace {
 
 constexpr const wchar_t* kNameProperty = L"TagrixControl";
-// Marks the windows whose user data is a binding: the parts of combo boxes have none.
-constexpr const wchar_t* kBindingProperty = L"TagrixBinding";
 
 }  // namespace
 
 Binding::Binding(HWND form, const Control& control, const WindowKind& kind)
-    : window_(CreateWindowExW(kind.exStyle, kind.className, L"", WS_CHILD | WS_CLIPSIBLINGS | kind.style, 0, 0, 0, 0,
-                              form, nullptr, GetModuleHandleW(nullptr), nullptr)) {
-  SetPropW(window_, kBindingProperty, this);
+    : window_(CreateWindowExW(kind.exStyle, kind.className, control.Text().c_str(),
+                              WS_CHILD | WS_CLIPSIBLINGS | kind.style, 0, 0, 0, 0, form, nullptr,
+                              GetModuleHandleW(nullptr), nullptr)) {
   NameWindow(window_, control.Name());
 }
 
 Binding::~Binding() {
   UnnameWindow(window_);
-  RemovePropW(window_, kBindingProperty);
   DestroyWindow(window_);
 }
 
 void Binding::SetFonts(const Fonts& fonts) {
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Normal()), TRUE);
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Normal()), FALSE);
 }
 
-Binding* Binding::Of(HWND window) { return static_cast<Binding*>(GetPropW(window, kBindingProperty)); }
-
-void Binding::Subclass() { SetWindowSubclass(window_, Procedure, 0, reinterpret_cast<DWORD_PTR>(this)); }
+void Binding::Subclass() {
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  original_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(Procedure))));
+}
 
 LRESULT Binding::Message(UINT message, WPARAM wParam, LPARAM lParam) {
-  return DefSubclassProc(window_, message, wParam, lParam);
+  return CallWindowProcW(original_, window_, message, wParam, lParam);
 }
 
-LRESULT CALLBACK Binding::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                    DWORD_PTR binding) {
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Procedure, id);
+LRESULT CALLBACK Binding::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   try {
-    return reinterpret_cast<Binding*>(binding)->Message(message, wParam, lParam);
+    return reinterpret_cast<Binding*>(GetWindowLongPtrW(window, GWLP_USERDATA))->Message(message, wParam, lParam);
   } catch (...) {
     const std::exception_ptr failure = std::current_exception();
     SendMessageW(GetParent(window), kFailed, 0, reinterpret_cast<LPARAM>(&failure));

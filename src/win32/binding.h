@@ -60,11 +60,9 @@ class Binding {
   // The tooltip to show at the pointer when the control has none of its own.
   virtual std::wstring TooltipHere() { return {}; }
 
-  // The binding of a window; null for windows that have none.
-  static Binding* Of(HWND window);
-
  protected:
-  // Lets `Message` see the window's messages.
+  // Lets `Message` see the window's messages. Not by the system's subclassing: that looks up a property of the window
+  // for every message.
   void Subclass();
   virtual LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
   std::wstring WindowText() const;
@@ -72,9 +70,9 @@ class Binding {
   void ShowText(const std::wstring& text);
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                    DWORD_PTR binding);
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   HWND window_;
+  WNDPROC original_ = nullptr;  // what `Subclass` has replaced
 };
 
 // Sent by a control's window to its form: the text of the tooltip at the pointer has changed.

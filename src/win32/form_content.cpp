@@ -212,6 +212,11 @@ const FormContent::Slot* FormContent::SlotOf(HWND window) const {
   return found == slots_.end() ? nullptr : &*found;
 }
 
+Binding* FormContent::BindingOf(HWND window) const {
+  const Slot* slot = SlotOf(window);
+  return slot == nullptr ? nullptr : slot->binding.get();
+}
+
 std::wstring FormContent::TooltipOf(HWND window) const {
   const Slot* slot = SlotOf(window);
   if (slot == nullptr) return {};

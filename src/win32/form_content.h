@@ -42,6 +42,8 @@ class FormContent : public ControlObserver {
   void GiveFocusBack();
   // Clicks the button if the user could.
   void Press(Button& button);
+  // The binding of a control's window; null for other windows (the parts of combo boxes).
+  Binding* BindingOf(HWND window) const;
   // The tooltip for the pointer over a control's window.
   std::wstring TooltipOf(HWND window) const;
   void HideTooltip() const;

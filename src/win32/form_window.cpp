@@ -7,7 +7,6 @@ namespace tagrix {
 namespace {
 
 constexpr const wchar_t* kClass = L"TagrixForm";
-constexpr const wchar_t* kProperty = L"TagrixForm";
 constexpr int kIcon = 1;  // in the resources
 
 DWORD Style(HWND owner) {
@@ -45,7 +44,7 @@ FormWindow::FormWindow(Form& form, HWND owner) : form_(form), owner_(owner), cap
   if (owner != nullptr) GetWindowRect(owner, &at);  // on the same monitor
   window_ = CreateWindowExW(0, kClass, caption_.c_str(), Style(owner), at.left, at.top, 0, 0, owner, nullptr,
                             GetModuleHandleW(nullptr), nullptr);
-  SetPropW(window_, kProperty, this);
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   NameWindow(window_, form.name);
   content_ = std::make_unique<FormContent>(window_, form, static_cast<int>(GetDpiForWindow(window_)));
   PlaceAtStart();
@@ -57,13 +56,14 @@ FormWindow::~FormWindow() {
   ShowWindow(window_, SW_HIDE);
   content_.reset();
   UnnameWindow(window_);
-  RemovePropW(window_, kProperty);
+  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
 }
 
 FormWindow* FormWindow::Around(HWND window) {
   const HWND root = GetAncestor(window, GA_ROOT);
-  return root == nullptr ? nullptr : static_cast<FormWindow*>(GetPropW(root, kProperty));
+  const LONG_PTR procedure = reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(Procedure));
+  return GetWindowLongPtrW(root, GWLP_WNDPROC) == procedure ? Of(root) : nullptr;
 }
 
 void FormWindow::Show() {
@@ -146,8 +146,8 @@ bool FormWindow::TakeKey(MSG& message) {
 
 bool FormWindow::EnterOrEsc(WPARAM key) {
   const HWND focus = GetFocus();
-  Binding* binding = Binding::Of(focus);
-  if (binding == nullptr) binding = Binding::Of(GetParent(focus));  // the edit field of a combo box
+  Binding* binding = content_->BindingOf(focus);
+  if (binding == nullptr) binding = content_->BindingOf(GetParent(focus));  // the edit field of a combo box
   if (binding != nullptr && binding->TakeKey(key)) return true;
   if (key == VK_RETURN) {
     if (form_.defaultButton != nullptr) content_->Press(*form_.defaultButton);
@@ -162,7 +162,7 @@ void FormWindow::Rethrow() {
 }
 
 LRESULT CALLBACK FormWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto* self = static_cast<FormWindow*>(GetPropW(window, kProperty));
+  FormWindow* self = Of(window);
   if (self == nullptr || !self->content_) return DefWindowProcW(window, message, wParam, lParam);
   LRESULT result = 0;
   try {
@@ -182,13 +182,13 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       Flush();
       return 0;
     case WM_COMMAND:
-      if (Binding* binding = Binding::Of(reinterpret_cast<HWND>(lParam))) binding->Command(HIWORD(wParam));
+      if (Binding* binding = content_->BindingOf(reinterpret_cast<HWND>(lParam))) binding->Command(HIWORD(wParam));
       return 0;
     case WM_NOTIFY:
       return Notify(*reinterpret_cast<NMHDR*>(lParam));
     case WM_DRAWITEM: {
       const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-      if (Binding* binding = Binding::Of(item.hwndItem)) binding->Draw(item);
+      if (Binding* binding = content_->BindingOf(item.hwndItem)) binding->Draw(item);
       return TRUE;
     }
     case kFailed:
@@ -244,7 +244,7 @@ LRESULT FormWindow::Notify(NMHDR& note) {
     reinterpret_cast<NMTTDISPINFOW&>(note).lpszText = tooltip_.data();
     return 0;
   }
-  Binding* binding = Binding::Of(note.hwndFrom);
+  Binding* binding = content_->BindingOf(note.hwndFrom);
   return binding == nullptr ? 0 : binding->Notify(note).value_or(0);
 }
 

@@ -33,6 +33,7 @@ class FormWindow {
   void Rethrow();
 
  private:
+  static FormWindow* Of(HWND form) { return reinterpret_cast<FormWindow*>(GetWindowLongPtrW(form, GWLP_USERDATA)); }
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT Notify(NMHDR& note);

@@ -39,14 +39,16 @@ void ListWindow::SetFonts(const Fonts& fonts) {
   Binding::SetFonts(fonts);
   dpi_ = fonts.Dpi();
   bold_ = fonts.Bold();
-  MakeColumns();
+  FitColumns();
 }
 
 void ListWindow::Update(Changes changes) {
   showing_ = true;
   if (changes.Has(Change::Look)) MakeColumns();
   if (changes.Has(Change::Items)) {
-    Ask(LVM_SETITEMCOUNT, static_cast<WPARAM>(list_.Count()), LVSICF_NOSCROLL);
+    if (std::exchange(shownCount_, list_.Count()) != list_.Count()) {
+      Ask(LVM_SETITEMCOUNT, static_cast<WPARAM>(list_.Count()), LVSICF_NOSCROLL);
+    }
     InvalidateRect(Window(), nullptr, FALSE);
   }
   ShowSelection();
@@ -66,14 +68,16 @@ void ListWindow::MakeColumns() {
     made.iSubItem = i;
     Ask(LVM_INSERTCOLUMNW, static_cast<WPARAM>(i++), reinterpret_cast<LPARAM>(&made));
   }
-  const LONG_PTR style = GetWindowLongPtrW(Window(), GWL_STYLE) & ~LVS_NOCOLUMNHEADER;
-  SetWindowLongPtrW(Window(), GWL_STYLE, style | (HasTitles(list_) ? 0 : LVS_NOCOLUMNHEADER));
+  const LONG_PTR style = GetWindowLongPtrW(Window(), GWL_STYLE);
+  const LONG_PTR wanted = HasTitles(list_) ? style & ~LVS_NOCOLUMNHEADER : style | LVS_NOCOLUMNHEADER;
+  if (wanted != style) SetWindowLongPtrW(Window(), GWL_STYLE, wanted);
   FitColumns();
 }
 
 void ListWindow::FitColumns() {
   RECT area;
   GetClientRect(Window(), &area);
+  if (area.right == 0) return;  // not placed yet
   if (list_.Columns().empty()) {
     Ask(LVM_SETCOLUMNWIDTH, 0, area.right);
     return;
@@ -107,6 +111,10 @@ std::vector<bool> ListWindow::WindowSelection() const {
 
 void ListWindow::ShowSelection() {
   const int count = list_.Count(), chosen = list_.SelectedCount();
+  if (count == 0) {
+    shownFocus_ = -1;
+    return;
+  }
   if (chosen == 0 || (chosen == count && list_.MultiSelect())) {
     SetRowState(-1, chosen == 0 ? 0 : LVIS_SELECTED, LVIS_SELECTED);
   } else {

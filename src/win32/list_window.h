@@ -53,7 +53,7 @@ class ListWindow : public Binding {
   HFONT bold_ = nullptr;
   bool showing_ = false;           // the window is being changed, not the user's choice
   bool selectionTouched_ = false;  // by the user, not yet taken over
-  int shownFocus_ = -1;
+  int shownCount_ = 0, shownFocus_ = -1;
   int dragged_ = -1;   // the row that the pointer drags
   int hovered_ = -1;   // the row of the tooltip
   std::wstring cell_;  // the text handed out last
