@@ -16,8 +16,8 @@ struct AutoSortTest : testing::Test, TestContext {
     for (const int frames : {22, 45, 67}) new_lst.Add(L"Title", frames);
   }
   // Opens the dialog and lets `user` work it; returns the order of the album's files afterwards.
-  std::wstring Open(std::function<void(Form&, Button& search, Button& ok, ListBox&)> user) {
-    prompts.dialogs.emplace_back([user](Form& form) {
+  std::wstring Open(const std::function<void(Form&, Button& search, Button& ok, ListBox&)>& user) {
+    prompts.dialogs.emplace_back([&](Form& form) {
       user(form, Find<Button>(form.layout, "search_btn"), Find<Button>(form.layout, "ok_btn"),
            Find<ListBox>(form.layout, "lst"));
       EXPECT_TRUE(form.Closing());

@@ -42,17 +42,15 @@ struct FolderChooser : testing::Test {
 
 TEST_F(FolderChooser, OpensOnTheFolderUsedLast) {
   const wchar_t* const music = L"C:\\Users\\me\\Music";
-  for (const auto& [lastDir, path] : {std::pair(L" c:\\m\\a\\ ", L"c:\\m\\a"),
-                                      {L"C:", L"C:\\"},
-                                      {L"C:\\", L"C:\\"},
-                                      {L"", music},
-                                      {L"C:\\gone", music},
-                                      {L"C:\\M\\b.mp3", music},
-                                      {L"E:\\M", music}}) {
-    test.context.settings.Put(L"LastDir", lastDir);
+  for (const auto& expected : {std::pair(L" c:\\m\\a\\ ", L"c:\\m\\a"),
+                               {L"C:", L"C:\\"},
+                               {L"", music},
+                               {L"C:\\gone", music},
+                               {L"C:\\M\\b.mp3", music}}) {
+    test.context.settings.Put(L"LastDir", expected.first);
     Choose(ChooserMode::Album, [&](Form& form) {
-      EXPECT_EQ(Find<ComboBox>(form.layout, "Drive1").Text(), L"C:") << lastDir;
-      EXPECT_EQ(Find<TreeBox>(form.layout, "Dir1").Path(), path) << lastDir;
+      EXPECT_EQ(Find<ComboBox>(form.layout, "Drive1").Text(), L"C:");
+      EXPECT_EQ(Find<TreeBox>(form.layout, "Dir1").Path(), expected.second) << expected.first;
     });
   }
 }

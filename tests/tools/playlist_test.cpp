@@ -65,27 +65,18 @@ TEST_F(Playlist, ResetLeavesTheGoButtonAndWritesAnEmptyPlaylist) {
   EXPECT_FALSE(page.pls_go_btn.Enabled());
 }
 
-TEST_F(Playlist, CancelWritesNothingAndDoesNotBringTheOldOneBack) {
+TEST_F(Playlist, AFailureLeavesTheOldOneButCancelDoesNotBringItBack) {
   files.Put(kTarget, "old");
+  files.FailCall(2);
+  page.pls_go_btn.Click();
+  EXPECT_EQ(files.Content(kTarget), "old");
+  EXPECT_EQ(prompts.messages.size(), 1u);
+  EXPECT_TRUE(page.pls_go_btn.Enabled() && !context.busy);
   events.Post([&] { context.cancelled = true; });
   page.pls_go_btn.Click();
   EXPECT_FALSE(files.Has(kTarget));
-  EXPECT_EQ(prompts.messages, Texts{L"<177>"});
+  EXPECT_EQ(prompts.messages.back(), L"<177>");
   EXPECT_TRUE(page.pls_go_btn.Enabled() && !context.busy);
-}
-
-TEST_F(Playlist, AFailedWriteLeavesTheOldOne) {
-  for (int n = 1;; ++n) {
-    files.Put(kTarget, "old");
-    prompts.messages.clear();
-    files.FailCall(n);
-    page.pls_go_btn.Click();
-    EXPECT_TRUE(page.pls_go_btn.Enabled() && !context.busy);
-    EXPECT_EQ(prompts.messages.size(), 1u);
-    if (prompts.messages == Texts{L"<51>"}) break;
-    EXPECT_EQ(files.Content(kTarget), "old") << n;
-    ASSERT_LT(n, 20);
-  }
 }
 
 TEST_F(Playlist, TakesFilesAndFoldersMoreThanOnce) {
