@@ -4,44 +4,23 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <optional>
 #include <string>
 
-#include "net/loopback_server.h"
 #ifdef _WIN32
+#include <optional>
+
+#include "contract/win32_loopback.h"
 #include "win32/clock.h"
 #include "win32/code_page.h"
 #include "win32/event_loop.h"
 #include "win32/files.h"
 #include "win32/ftp_client.h"
 #include "win32/registry.h"
-#include "win32/tcp_socket.h"
 #else
 #include "fakes/fakes.h"
-#include "fakes/posix_socket.h"
 #endif
 
 namespace tagrix {
-
-// A real socket and a real server. `Serve` makes the server that answers a request (ended by an empty line) and says on
-// which port; with `close` it closes afterwards.
-template <typename Events, typename Socket>
-struct RealSocketCase {
-  int Serve(std::string answer, bool close) {
-    server.emplace([answer = std::move(answer), close](Peer& peer) {
-      if (peer.ReadTo("\r\n\r\n").empty()) return;
-      peer.Write(answer);
-      if (!close) peer.ReadTo("");
-    });
-    return server->Port();
-  }
-  int Refuse() { return RefusedPort(); }
-
-  Events events;
-  std::optional<LoopbackServer> server;  // outlives the socket, whose end it waits for
-  Socket socket{events};
-};
 
 #ifdef _WIN32
 
@@ -77,11 +56,16 @@ struct FtpCase : FilesCase {
   FtpRequest request;
 };
 
-struct MessageSocket : WinTcpSocket {
-  explicit MessageSocket(WinEventLoop&) {}
+// A real server answers a request (ended by an empty line); with `close` it closes afterwards. `Serve` says on which
+// port.
+struct SocketCase {
+  int Serve(const std::string& answer, bool close);
+  static int Refuse() { return RefusedPort(); }
+
+  WinEventLoop events;
+  std::optional<LoopbackServer> server;  // outlives the socket, whose end it waits for
+  WinTcpSocket socket;
 };
-using RealSocket = RealSocketCase<WinEventLoop, MessageSocket>;
-using SocketCases = testing::Types<RealSocket>;
 
 #else
 
@@ -109,7 +93,7 @@ struct FtpCase : FilesCase {
   FtpRequest request;
 };
 
-struct FakeSocketCase {
+struct SocketCase {
   int Serve(const std::string& answer, bool close) {
     socket.serve = [answer](const std::string&) { return answer; };
     socket.closeAfterAnswer = close;
@@ -123,8 +107,6 @@ struct FakeSocketCase {
   FakeEvents events;
   FakeSocket socket{events};
 };
-using RealSocket = RealSocketCase<PosixEvents, PosixSocket>;
-using SocketCases = testing::Types<FakeSocketCase, RealSocket>;
 
 #endif
 

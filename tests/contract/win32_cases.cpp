@@ -1,6 +1,4 @@
 // What a test does to the ports of Windows from outside.
-#include <windows.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -61,6 +59,15 @@ bool FtpCase::HasServer() { return std::getenv("TAGRIX_FTP_PORT") != nullptr; }
 
 void FtpCase::Offer(const std::string& path, const std::string& content) {
   std::ofstream("Z:" + std::string(std::getenv("TAGRIX_FTP_FOLDER")) + path, std::ios::binary) << content;
+}
+
+int SocketCase::Serve(const std::string& answer, bool close) {
+  server.emplace([answer, close](Peer& peer) {
+    if (peer.ReadTo("\r\n\r\n").empty()) return;
+    peer.Write(answer);
+    if (!close) peer.ReadTo("");
+  });
+  return server->Port();
 }
 
 }  // namespace tagrix

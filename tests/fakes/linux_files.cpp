@@ -6,7 +6,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -22,35 +21,6 @@ template <typename Result>
 Result Check(Result result, const wchar_t* operation, const std::wstring& path) {
   if (result < 0) throw Failure(operation, path, Widen(std::strerror(errno)));
   return result;
-}
-
-void AppendUtf8(std::string& bytes, std::wstring_view text) {
-  for (const wchar_t c : text) {
-    const auto code = static_cast<char32_t>(c);
-    if (code < 0x80) {
-      bytes += static_cast<char>(code);
-      continue;
-    }
-    const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
-    bytes += static_cast<char>(kLead[more] | code >> 6 * more);
-    for (int left = more - 1; left >= 0; --left) bytes += static_cast<char>(0x80 | (code >> 6 * left & 0x3F));
-  }
-}
-
-// Replaces the content of `text`.
-void AssignUtf8(std::wstring& text, std::string_view bytes) {
-  text.clear();
-  text.reserve(bytes.size());
-  for (size_t at = 0; at < bytes.size();) {
-    const auto lead = static_cast<unsigned char>(bytes[at++]);
-    const size_t more = lead < 0x80 ? 0 : lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-    auto code = more == 0 ? lead : lead & (0x3FU >> more);
-    for (const size_t end = std::min(at + more, bytes.size()); at < end; ++at) {
-      code = code << 6 | (static_cast<unsigned char>(bytes[at]) & 0x3F);
-    }
-    text += static_cast<wchar_t>(code);
-  }
 }
 
 struct CloseFolder {
@@ -107,8 +77,7 @@ std::string LinuxFiles::LinuxPath(const std::wstring& path) const {
   std::string result;
   result.reserve(root_.size() + path.size());
   result = root_;
-  if (path.size() > 3) AppendUtf8(result, std::wstring_view(path).substr(2));
-  std::replace(result.begin() + static_cast<std::ptrdiff_t>(root_.size()), result.end(), '\\', '/');
+  for (const wchar_t c : std::wstring_view(path).substr(2)) result += c == L'\\' ? '/' : static_cast<char>(c);
   if (result.ends_with('/')) result.pop_back();
   return result;
 }
@@ -117,7 +86,7 @@ std::optional<FileInfo> LinuxFiles::Find(const std::wstring& path) {
   const std::string at = LinuxPath(path);
   FileInfo info;
   if (!Describe(AT_FDCWD, at.c_str(), info)) return {};
-  AssignUtf8(info.name, at.size() > root_.size() ? std::string_view(at).substr(at.rfind('/') + 1) : "C:");
+  info.name = at.size() > root_.size() ? Widen(std::string_view(at).substr(at.rfind('/') + 1)) : L"C:";
   return info;
 }
 
@@ -154,14 +123,13 @@ void LinuxFiles::List(const std::wstring& folder, const std::wstring& pattern,
                       const std::function<bool(const FileInfo&)>& entry) {
   const std::unique_ptr<DIR, CloseFolder> listed(opendir(LinuxPath(folder).c_str()));
   Check(listed ? 0 : -1, L"List", folder);
-  std::string wanted;
-  if (pattern != L"*" && pattern != L"*.*") AppendUtf8(wanted, pattern);
+  const std::string wanted(pattern.begin(), pattern.end());
   FileInfo info;
   while (const dirent* found = readdir(listed.get())) {
     const std::string_view name = found->d_name;
     if (name == "." || name == "..") continue;
-    if (!wanted.empty() && fnmatch(wanted.c_str(), found->d_name, FNM_CASEFOLD) != 0) continue;
-    AssignUtf8(info.name, name);
+    if (wanted != "*" && fnmatch(wanted.c_str(), found->d_name, FNM_CASEFOLD) != 0) continue;
+    info.name.assign(name.begin(), name.end());
     if (found->d_type == DT_DIR) {
       info.folder = true;
       info.link = info.readOnly = false;

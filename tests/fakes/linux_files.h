@@ -12,7 +12,7 @@
 namespace tagrix {
 
 // Every operation is the one system call that Linux has for it, and keeps Linux's manners: letter case counts, an open
-// file may be renamed or deleted, a read-only file replaced or deleted. Names are UTF-8 on the disk.
+// file may be renamed or deleted, a read-only file replaced or deleted. Names are ASCII.
 class LinuxFiles : public Files {
  public:
   // `root`: an existing folder.

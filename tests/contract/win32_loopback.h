@@ -1,13 +1,14 @@
 // A TCP server on the loopback that a test scripts: a function plays it for each connection.
-#ifndef TAGRIX_TESTS_NET_LOOPBACK_SERVER_H
-#define TAGRIX_TESTS_NET_LOOPBACK_SERVER_H
+#ifndef TAGRIX_TESTS_CONTRACT_WIN32_LOOPBACK_H
+#define TAGRIX_TESTS_CONTRACT_WIN32_LOOPBACK_H
 
 #include <atomic>
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <thread>
+
+#include "win32/tcp_socket.h"
 
 namespace tagrix {
 
@@ -15,10 +16,7 @@ namespace tagrix {
 class Peer {
  public:
   // Reading ends when `stop` is set, too.
-  Peer(std::intptr_t socket, const std::atomic<bool>& stop) : socket_(socket), stop_(stop) {}
-  ~Peer();
-  Peer(const Peer&) = delete;
-  Peer& operator=(const Peer&) = delete;
+  Peer(SOCKET socket, const std::atomic<bool>& stop) : socket_(socket), stop_(stop) {}
 
   // Reads until what was read ends with `end`, or (also when that is empty) the client closes.
   std::string ReadTo(std::string_view end);
@@ -30,7 +28,7 @@ class Peer {
  private:
   bool Readable() const;
 
-  std::intptr_t socket_;
+  Unique<SocketTraits> socket_;
   const std::atomic<bool>& stop_;
 };
 
@@ -46,8 +44,9 @@ class LoopbackServer {
   int Port() const { return port_; }
 
  private:
+  const Winsock winsock_;
   int port_ = 0;
-  std::intptr_t listener_;
+  Unique<SocketTraits> listener_;
   std::atomic<bool> stop_ = false;
   std::thread thread_;
 };
