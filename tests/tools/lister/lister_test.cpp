@@ -46,16 +46,28 @@ struct Lister : testing::Test, TestContext {
   ListerPage page;
 };
 
-TEST_F(Lister, StartsWithTheLastPattern) {
+TEST_F(Lister, NamesTheCatalogueAfterTheFolderAndStartsWithTheLastPattern) {
+  page.ficname_txt.SetText(L"");
+  for (const wchar_t* folder : {L"C:\\m\\Z", L"C:\\m"}) {  // the second leaves the name alone
+    prompts.dialogs.emplace_back([&](Form& form) {
+      Find<TreeBox>(form.layout, "Dir1").SetPath(folder);
+      PressOk(form);
+    });
+    page.input_btn.Click();
+    EXPECT_EQ(page.lister_input_txt.Text() + L"|" + page.ficname_txt.Text(), folder + std::wstring(L"|Z"));
+  }
+  prompts.dialogs.emplace_back(PressOk);
+  page.output_btn.Click();
   page.pattern_txt.Choose(2);
   EXPECT_EQ(page.sample_lbl.Text(), L"<108> c:\\MP3\\Rock\\SP\\01 - Zero.mp3");
-  page.pattern_txt.Type(L"%2 %3 %4");
-  EXPECT_EQ(page.sample_lbl.Text(), L"<108> .mp3 MP3 5,56 Mb");
+  page.pattern_txt.Type(L"%3 %4");
+  EXPECT_EQ(page.sample_lbl.Text(), L"<108> MP3 5,56 Mb");
   Run();
-  EXPECT_EQ(context.settings.Get(L"LiserPattern"), L"%2 %3 %4");
+  EXPECT_EQ(files.Content(L"C:\\m\\Z.txt"), "[C:\\m]\r\nMP3 0.25 Mb\r\nMP3 0.25 Mb\r\n\r\n");
+  EXPECT_EQ(context.settings.Get(L"LiserPattern"), L"%3 %4");
   ListerPage next;
   InitListerPage(next, context);
-  EXPECT_EQ(next.pattern_txt.Text(), L"%2 %3 %4");
+  EXPECT_EQ(next.pattern_txt.Text(), L"%3 %4");
 }
 
 TEST_F(Lister, ListsByCharacterCodeAndTheTreeBreadthFirst) {
@@ -69,11 +81,7 @@ TEST_F(Lister, ListsByCharacterCodeAndTheTreeBreadthFirst) {
   EXPECT_EQ(Run(), own + "[C:\\m\\Z\\deep]\r\n[MP3] 1.mp3\r\n\r\n");
   files.beforeCall = nullptr;
   page.ext_lst.Select(6);
-  page.pattern_txt.SetText(L"%5%1%2 %4");
-  EXPECT_EQ(Run(),
-            "[C:\\m]\r\nC:\\m\\C.Mp3 0.25 Mb\r\nC:\\m\\b.mp3 0.25 Mb\r\n\r\n"
-            "[C:\\m\\a]\r\nC:\\m\\a\\0mp3 0.25 Mb\r\n\r\n"
-            "[C:\\m\\Z\\deep]\r\nC:\\m\\Z\\deep\\1.mp3 0.25 Mb\r\nC:\\m\\Z\\deep\\2.wav 0.25 Mb\r\n\r\n");
+  EXPECT_EQ(Run(), own + "[C:\\m\\a]\r\n[MP3] 0mp3\r\n\r\n[C:\\m\\Z\\deep]\r\n[MP3] 1.mp3\r\n[WAV] 2.wav\r\n\r\n");
   EXPECT_TRUE(prompts.messages.empty());
 }
 
@@ -134,21 +142,6 @@ TEST_F(Lister, AnErrorLeavesWhatWasThere) {
     EXPECT_EQ(content, "old") << call;
   }
   EXPECT_GT(call, 4);
-}
-
-TEST_F(Lister, NamesTheCatalogueAfterTheFolder) {
-  page.ficname_txt.SetText(L"");
-  for (int round = 0; round < 2; ++round) {  // the second leaves the name alone
-    prompts.dialogs.emplace_back([&](Form& form) {
-      Find<TreeBox>(form.layout, "Dir1").SetPath(round == 0 ? L"C:\\m\\Z" : L"C:\\m\\a");
-      PressOk(form);
-    });
-    page.input_btn.Click();
-    EXPECT_EQ(page.ficname_txt.Text(), L"Z");
-  }
-  prompts.dialogs.emplace_back(PressOk);
-  page.output_btn.Click();
-  EXPECT_EQ(page.lister_output_txt.Text(), L"C:\\m\\a");
 }
 
 }  // namespace
