@@ -18,7 +18,7 @@ std::size_t Status(const std::string& key) {
 
 }  // namespace
 
-RealFolder OpenFolder(const std::string& folder) { return {std::make_unique<LinuxFiles>(folder), L"C:\\"}; }
+RealFolder OpenFolder(const std::string& folder) { return {OpenLinuxFolder(folder), L"C:\\"}; }
 
 RealNetwork OpenNetwork() {
   auto events = std::make_unique<PosixEvents>();

@@ -70,75 +70,90 @@ class LinuxFile : public File {
   std::wstring path_;
 };
 
+class LinuxFiles : public Files {
+ public:
+  explicit LinuxFiles(std::string root) : root_(std::move(root)) {}
+
+  std::optional<FileInfo> Find(const std::wstring& path) override {
+    const std::string at = LinuxPath(path);
+    FileInfo info;
+    if (!Describe(AT_FDCWD, at.c_str(), info)) return {};
+    info.name = at.size() > root_.size() ? Widen(std::string_view(at).substr(at.rfind('/') + 1)) : L"C:";
+    return info;
+  }
+
+  std::unique_ptr<File> OpenForReading(const std::wstring& path) override { return Open(L"Open", path, O_RDONLY); }
+
+  std::unique_ptr<File> OpenForWriting(const std::wstring& path) override { return Open(L"Open", path, O_RDWR); }
+
+  std::unique_ptr<File> Create(const std::wstring& path) override {
+    return Open(L"Create", path, O_RDWR | O_CREAT | O_TRUNC);
+  }
+
+  void Rename(const std::wstring& from, const std::wstring& to) override {
+    const std::string source = LinuxPath(from), target = LinuxPath(to);
+    if (source == target) return;
+    Check(renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE), L"Rename", from);
+  }
+
+  void Replace(const std::wstring& from, const std::wstring& over) override {
+    Check(rename(LinuxPath(from).c_str(), LinuxPath(over).c_str()), L"Replace", over);
+  }
+
+  void Delete(const std::wstring& path) override { Check(unlink(LinuxPath(path).c_str()), L"Delete", path); }
+
+  void CreateFolder(const std::wstring& path) override {
+    Check(mkdir(LinuxPath(path).c_str(), 0755), L"Create folder", path);
+  }
+
+  void List(const std::wstring& folder, const std::wstring& pattern,
+            const std::function<bool(const FileInfo&)>& entry) override {
+    const std::unique_ptr<DIR, CloseFolder> listed(opendir(LinuxPath(folder).c_str()));
+    Check(listed ? 0 : -1, L"List", folder);
+    const std::string wanted(pattern.begin(), pattern.end());
+    FileInfo info;
+    while (const dirent* found = readdir(listed.get())) {
+      const std::string_view name = found->d_name;
+      if (name == "." || name == "..") continue;
+      if (wanted != "*" && fnmatch(wanted.c_str(), found->d_name, FNM_CASEFOLD) != 0) continue;
+      info.name.assign(name.begin(), name.end());
+      if (found->d_type == DT_DIR) {
+        info.folder = true;
+        info.link = info.readOnly = false;
+        info.size = 0;
+      } else if (!Describe(dirfd(listed.get()), found->d_name, info)) {
+        continue;  // gone meanwhile, or a link that leads nowhere
+      }
+      if (!entry(info)) return;
+    }
+  }
+
+  std::vector<std::wstring> Drives() override { return {L"C:"}; }
+  bool HasVolumeLabel(const std::wstring& drive) override { return drive == L"C:"; }
+  std::wstring MusicFolder() override { return {}; }
+
+ private:
+  // The Linux path of a path on the drive; empty for another drive.
+  std::string LinuxPath(const std::wstring& path) const {
+    if (!path.starts_with(L"C:")) return {};
+    std::string result;
+    result.reserve(root_.size() + path.size());
+    result = root_;
+    for (const wchar_t c : std::wstring_view(path).substr(2)) result += c == L'\\' ? '/' : static_cast<char>(c);
+    if (result.ends_with('/')) result.pop_back();
+    return result;
+  }
+
+  std::unique_ptr<File> Open(const wchar_t* operation, const std::wstring& path, int flags) const {
+    const int file = Check(open(LinuxPath(path).c_str(), flags | O_CLOEXEC, 0644), operation, path);
+    return std::make_unique<LinuxFile>(file, path);
+  }
+
+  std::string root_;
+};
+
 }  // namespace
 
-std::string LinuxFiles::LinuxPath(const std::wstring& path) const {
-  if (!path.starts_with(L"C:")) return {};
-  std::string result;
-  result.reserve(root_.size() + path.size());
-  result = root_;
-  for (const wchar_t c : std::wstring_view(path).substr(2)) result += c == L'\\' ? '/' : static_cast<char>(c);
-  if (result.ends_with('/')) result.pop_back();
-  return result;
-}
-
-std::optional<FileInfo> LinuxFiles::Find(const std::wstring& path) {
-  const std::string at = LinuxPath(path);
-  FileInfo info;
-  if (!Describe(AT_FDCWD, at.c_str(), info)) return {};
-  info.name = at.size() > root_.size() ? Widen(std::string_view(at).substr(at.rfind('/') + 1)) : L"C:";
-  return info;
-}
-
-std::unique_ptr<File> LinuxFiles::Open(const wchar_t* operation, const std::wstring& path, int flags) const {
-  const int file = Check(open(LinuxPath(path).c_str(), flags | O_CLOEXEC, 0644), operation, path);
-  return std::make_unique<LinuxFile>(file, path);
-}
-
-std::unique_ptr<File> LinuxFiles::OpenForReading(const std::wstring& path) { return Open(L"Open", path, O_RDONLY); }
-
-std::unique_ptr<File> LinuxFiles::OpenForWriting(const std::wstring& path) { return Open(L"Open", path, O_RDWR); }
-
-std::unique_ptr<File> LinuxFiles::Create(const std::wstring& path) {
-  return Open(L"Create", path, O_RDWR | O_CREAT | O_TRUNC);
-}
-
-void LinuxFiles::Rename(const std::wstring& from, const std::wstring& to) {
-  const std::string source = LinuxPath(from), target = LinuxPath(to);
-  if (source == target) return;
-  Check(renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE), L"Rename", from);
-}
-
-void LinuxFiles::Replace(const std::wstring& from, const std::wstring& over) {
-  Check(rename(LinuxPath(from).c_str(), LinuxPath(over).c_str()), L"Replace", over);
-}
-
-void LinuxFiles::Delete(const std::wstring& path) { Check(unlink(LinuxPath(path).c_str()), L"Delete", path); }
-
-void LinuxFiles::CreateFolder(const std::wstring& path) {
-  Check(mkdir(LinuxPath(path).c_str(), 0755), L"Create folder", path);
-}
-
-void LinuxFiles::List(const std::wstring& folder, const std::wstring& pattern,
-                      const std::function<bool(const FileInfo&)>& entry) {
-  const std::unique_ptr<DIR, CloseFolder> listed(opendir(LinuxPath(folder).c_str()));
-  Check(listed ? 0 : -1, L"List", folder);
-  const std::string wanted(pattern.begin(), pattern.end());
-  FileInfo info;
-  while (const dirent* found = readdir(listed.get())) {
-    const std::string_view name = found->d_name;
-    if (name == "." || name == "..") continue;
-    if (wanted != "*" && fnmatch(wanted.c_str(), found->d_name, FNM_CASEFOLD) != 0) continue;
-    info.name.assign(name.begin(), name.end());
-    if (found->d_type == DT_DIR) {
-      info.folder = true;
-      info.link = info.readOnly = false;
-      info.size = 0;
-    } else if (!Describe(dirfd(listed.get()), found->d_name, info)) {
-      continue;  // gone meanwhile, or a link that leads nowhere
-    }
-    if (!entry(info)) return;
-  }
-}
+std::unique_ptr<Files> OpenLinuxFolder(std::string root) { return std::make_unique<LinuxFiles>(std::move(root)); }
 
 }  // namespace tagrix
