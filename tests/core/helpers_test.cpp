@@ -11,40 +11,32 @@ namespace tagrix {
 namespace {
 
 TEST(Text, ReadsTheNumberThatATextBeginsWith) {
-  EXPECT_EQ(LeadingNumber(L"8080x"), 8080);
-  EXPECT_EQ(LeadingNumber(L"  -5"), -5);
-  EXPECT_EQ(LeadingNumber(L"12.5 s"), 12.5);
-  EXPECT_EQ(LeadingNumber(L"+7"), 7);
-  for (const wchar_t* none : {L"", L"  ", L"abc", L"-", L"+-3", L"inf", L"nan", L"-inf"}) {
-    EXPECT_EQ(LeadingNumber(none), 0) << Trim(none).size();
-  }
+  const struct {
+    const wchar_t* text;
+    double number;
+  } cases[] = {{L"8080x", 8080}, {L"  -5", -5}, {L"12.5 s", 12.5}, {L"+7", 7}, {L"", 0}, {L"+-3", 0}, {L"inf", 0}};
+  for (const auto& [text, number] : cases) EXPECT_EQ(LeadingNumber(text), number) << Trim(text).size();
   EXPECT_EQ(LeadingInteger(L"2.5"), 2);
   EXPECT_EQ(LeadingInteger(L"3.5"), 4);
   EXPECT_EQ(LeadingInteger(L"99999999999"), 2147483647);
 }
 
-TEST(Text, MapsCaseBeyondAscii) {
+TEST(Text, IsMappedSplitAndReplaced) {
   EXPECT_EQ(ToUpper(L"straße éàü žćœ ωσ жя"), L"STRAßE ÉÀÜ ŽĆŒ ΩΣ ЖЯ");
   EXPECT_EQ(ToLower(L"ÉÀÜ ŽĆŒ ΩΣ ЖЯ ×"), L"éàü žćœ ωσ жя ×");
   EXPECT_TRUE(EqualIgnoringCase(L"Ÿ", L"ÿ"));
-  EXPECT_FALSE(EqualIgnoringCase(L"a", L"ab"));
-}
-
-TEST(Text, SplitsAndReplaces) {
   EXPECT_EQ(Split(L"a\\\\b", L"\\"), (std::vector<std::wstring>{L"a", L"", L"b"}));
-  EXPECT_EQ(Split(L"", L"\\").size(), 1u);
   EXPECT_EQ(Replace(L"%%1%% and %%1%%", L"%%1%%", L"%%1%%!"), L"%%1%%! and %%1%%!");
 }
 
 TEST(FileNames, LoseTheForbiddenCharacters) {
-  EXPECT_EQ(CleanAndTrimFileName(L"AC/DC: Live?"), L"ACDC Live");
   EXPECT_EQ(CleanAndTrimFileName(L" \\/:?*\"<>| a  b | "), L"a  b");
   EXPECT_EQ(CleanFileName(L" a: "), L" a ");
 }
 
 TEST(Years, AreFourDigitsAndDontBeginWithZero) {
   EXPECT_TRUE(IsYear(L"1973"));
-  for (const wchar_t* text : {L"", L"03", L"0073", L"19x3", L"1973 ", L" 197", L"-197"}) EXPECT_FALSE(IsYear(text));
+  for (const wchar_t* text : {L"03", L"0073", L"19x3", L"1973 "}) EXPECT_FALSE(IsYear(text));
 }
 
 TEST(Lists, AreSearchedWithoutRegardToCase) {
@@ -52,8 +44,6 @@ TEST(Lists, AreSearchedWithoutRegardToCase) {
   ListBox list("lst", true);
   for (const wchar_t* text : {L"b", L"B", L"a"}) list.Add(text, 7);
   EXPECT_TRUE(ListContains(list, L" A "));
-  EXPECT_FALSE(ListContains(list, L"ab"));
-  EXPECT_TRUE(ListHasPrefix(list, L""));
   EXPECT_FALSE(SelectedInList(test.context, list, L"A"));
   list.Select(2);
   EXPECT_TRUE(SelectedInList(test.context, list, L"A"));
@@ -70,47 +60,42 @@ TEST(Renaming, NeverOverwritesAndSaysSo) {
   EXPECT_FALSE(RenameFile(test.context, L"C:\\m\\a.mp3", L"C:\\m\\b.mp3"));
   EXPECT_EQ(test.prompts.messages, std::vector<std::wstring>{L"<169> C:\\m\\b.mp3"});
   EXPECT_EQ(test.files.Content(L"C:\\m\\a.mp3") + test.files.Content(L"C:\\m\\b.mp3"), "ab");
-  EXPECT_TRUE(RenameFile(test.context, L"C:\\m\\a.mp3", L"C:\\m\\A.MP3"));
-  EXPECT_EQ(test.files.Find(L"C:\\m\\a.mp3")->name, L"A.MP3");
 }
 
-TEST(WritingAFile, LeavesTheOldOneWhereverItFails) {
-  for (int n = 1;; ++n) {
+TEST(WritingAFile, LeavesTheOldOneAndWhatLiesBesideItWhereverItFails) {
+  bool failed = true;
+  for (int n = 1; failed; ++n) {
     TestContext test;
     test.files.Put(L"C:\\m\\list.m3u", "old");
+    test.files.Put(L"C:\\m\\list.m3u.new", "the user's");
     test.files.FailCall(n);
     try {
       WriteWholeFile(test.files, L"C:\\m\\list.m3u", "new");
-      EXPECT_EQ(test.files.Content(L"C:\\m\\list.m3u"), "new");
       EXPECT_GT(n, 4);
-      break;
+      failed = false;
     } catch (const Failure&) {
-      test.files.FailCall(0);
-      EXPECT_EQ(test.files.Content(L"C:\\m\\list.m3u"), "old") << n;
-      EXPECT_EQ(test.files.AllFiles().size(), 1u) << n;
     }
+    EXPECT_EQ(test.files.Content(L"C:\\m\\list.m3u"), failed ? "old" : "new") << n;
+    EXPECT_EQ(test.files.Content(L"C:\\m\\list.m3u.new"), "the user's");
+    EXPECT_EQ(test.files.AllFiles().size(), 2u) << n;
   }
 }
 
-TEST(Commands, AreRefusedWhileOneRuns) {
-  TestContext test;
-  int inner = 0;
-  RunCommand(test.context, [&] { RunCommand(test.context, [&] { ++inner; }); });
-  EXPECT_EQ(inner, 0);
-  RunCommand(test.context, [&] { ++inner; });
-  EXPECT_EQ(inner, 1);
-}
-
-TEST(Commands, OfAnOpenDialogRun) {
+TEST(Commands, AreRefusedWhileOneRunsButForThoseOfItsDialog) {
   TestContext test;
   int inner = 0;
   Form dialog("dialog");
-  test.prompts.dialogs.push_back([&](Form&) { RunCommand(test.context, [&] { ++inner; }); });
+  const auto count = [&] { RunCommand(test.context, [&] { ++inner; }); };
+  test.prompts.dialogs.push_back([&](Form&) { count(); });
   RunCommand(test.context, [&] {
+    count();
+    EXPECT_EQ(inner, 0);
     ShowModal(test.context, dialog);
-    RunCommand(test.context, [&] { ++inner; });
+    count();
   });
   EXPECT_EQ(inner, 1);
+  count();
+  EXPECT_EQ(inner, 2);
 }
 
 TEST(Commands, ShowAFailureOnceAndPutEverythingBack) {
@@ -125,7 +110,6 @@ TEST(Commands, ShowAFailureOnceAndPutEverythingBack) {
   });
   EXPECT_EQ(test.prompts.messages, std::vector<std::wstring>{L"<48>\r\n\r\nRead\r\nC:\\a.mp3\r\nGone."});
   EXPECT_FALSE(IsBusy(test.context));
-  EXPECT_TRUE(test.context.page_btn[3].Enabled());
   EXPECT_TRUE(button.Enabled());
   EXPECT_EQ(test.context.status_lbl.Text(), L"");
   EXPECT_FALSE(test.context.running);

@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/publisher.h"
-#include "core/text.h"
 #include "fakes/fakes.h"
-#include "freedb/server_list.h"
 
 namespace tagrix {
 namespace {
@@ -25,14 +23,6 @@ std::vector<std::int32_t> Lengths(const std::string& lines) {
   const auto disc = ParseDiscRecord(Answer(lines));
   for (const DiscTrack& track : disc.value().tracks) frames.push_back(track.frames);
   return frames;
-}
-
-TEST(ServerList, HasElevenLines) {
-  EXPECT_EQ(Split(FreeDbServerList(false), L"\r\n").size(), 12u);
-  const auto lines = Split(FreeDbServerList(true), L"\r\n");
-  ASSERT_EQ(lines.size(), 12u);
-  EXPECT_EQ(lines[8], L"gnudb.gnudb.org (Valencia, Spain)");
-  EXPECT_EQ(lines[11], L"");
 }
 
 TEST(Cddb, AsksTheServerOfTheSettings) {
@@ -78,12 +68,10 @@ TEST(DiscRecord, SplitsTheDiscTitleAtItsFirstSlash) {
     EXPECT_FALSE(disc.year);
     EXPECT_TRUE(disc.tracks.empty());
   }
-  EXPECT_EQ(ParseDiscRecord(Answer("DTITLE=x\r\nDYEAR=\r\n")).value().year, "");
-}
-
-TEST(DiscRecord, GluesTheLinesAroundABlankOne) {
-  const auto disc = ParseDiscRecord(Answer("DTITLE=A\r\n\r\n / B\r\nTTITLE0=x\r\nTTITLE2=gap\r\n")).value();
+  // The lines around a blank one are glued together; titles end at the first that is missing.
+  const auto disc = ParseDiscRecord(Answer("DTITLE=A\r\n\r\n / B\r\nDYEAR=\r\nTTITLE0=x\r\nTTITLE2=gap\r\n")).value();
   EXPECT_EQ(disc.album, "B");
+  EXPECT_EQ(disc.year, "");
   EXPECT_EQ(disc.tracks.size(), 1u);
 }
 
@@ -92,10 +80,7 @@ TEST(DiscRecord, LeavesUnknownLengthsAtZero) {
                     header = "# Track frame offsets:\r\n";
   const std::string length = "# Disc length: 100 seconds\r\n";
   using Frames = std::vector<std::int32_t>;
-  EXPECT_EQ(Lengths(titles + length), (Frames{0, 0, 0}));
-  EXPECT_EQ(Lengths(header + "# 150\r\n" + titles), (Frames{0, 0, 0}));
   EXPECT_EQ(Lengths(header + "# 150\r\n#\r\n" + titles), (Frames{0, 0, 0}));
-  EXPECT_EQ(Lengths(header + "# 150\r\n# 250\r\n# 450\r\n" + titles), (Frames{100, 200, 0}));
   EXPECT_EQ(Lengths(header + "# 150\r\n# 250\r\n# 450\r\n# Disc length:seconds\r\n" + titles), (Frames{100, 200, 0}));
   EXPECT_EQ(Lengths(header + "# 150\r\n# 250\r\n# 450\r\n# Disc length: 100 secs\r\n" + titles),
             (Frames{100, 200, -375}));
@@ -114,11 +99,9 @@ TEST(DiscRecord, IsNothingElse) {
   const std::vector<std::string> answers = {
       "",
       kHeaders,
-      kHeaders + "210",
       kHeaders + "210\r\n\r\nDTITLE=x\r\n.\r\n",
       kHeaders + "401 rock 47013c08 No such CD entry in database.\r\n" + kTwoTracks + ".\r\n",
       kHeaders + "<html>\r\n" + kReply + kTwoTracks + ".\r\n</html>",
-      "HTTP/1.0 500 Error\r\n\r\nSorry, DTITLE=no\r\n.\r\n",
       kReply + kTwoTracks + ".\r\n",
       kHeaders + kReply + "TTITLE0=no disc title\r\n.\r\n",
       kHeaders + kReply + ".\r\nDTITLE=unfinished"};
