@@ -224,7 +224,7 @@ TEST_F(Apply, AsksBeforeItReplacesAPlaylist) {
   EXPECT_EQ(test.files.Content(L"C:\\M\\Rock\\Rock.m3u"), "a.mp3\r\n");
 }
 
-TEST_F(Apply, UndoPairsPositionsWhateverWasMoved) {
+TEST_F(Apply, UndoPairsPositionsWhateverWasMovedAndOverwritesNothing) {
   File(L"a.mp3", L"One");
   File(L"b.mp3", L"Two");
   page.undo_lst.Add(L"from an earlier album.mp3");
@@ -233,23 +233,18 @@ TEST_F(Apply, UndoPairsPositionsWhateverWasMoved) {
   page.mp3_lst.SetItemText(1, L"01 One.mp3");
   page.mp3_lst.Add(L"later.mp3");  // has no former name
   test.files.Put(L"C:\\M\\Live\\later.mp3");
+  test.files.Put(L"C:\\M\\Live\\A.mp3", "a stranger");
+  Undo();
+  EXPECT_EQ(test.prompts.messages.back(), L"<46> C:\\M\\Live\\a.mp3 C:\\M\\Live\\02 Two.mp3");
+  EXPECT_EQ(Listed(), (Texts{L"02 Two.mp3", L"b.mp3", L"later.mp3"}));
+  EXPECT_EQ(Content(L"A.mp3"), "a stranger");
+  test.files.Delete(L"C:\\M\\Live\\A.mp3");
   Undo();
   EXPECT_EQ(Listed(), (Texts{L"a.mp3", L"b.mp3", L"later.mp3"}));
   EXPECT_EQ(Content(L"a.mp3").substr(0, 7), Mark(L"b.mp3"));
   EXPECT_EQ(Content(L"b.mp3").substr(0, 7), Mark(L"a.mp3"));
   EXPECT_FALSE(page.undo_btn.Enabled());
   EXPECT_EQ(page.undo_lst.Count(), 2);
-}
-
-TEST_F(Apply, UndoLeavesAFileAloneWhoseFormerNameIsTaken) {
-  File(L"a.mp3", L"One");
-  File(L"b.mp3", L"Two");
-  ApplyWith({&page.ren_chk});
-  test.files.Put(L"C:\\M\\Live\\A.mp3", "a stranger");
-  Undo();
-  EXPECT_EQ(test.prompts.messages.back(), L"<46> C:\\M\\Live\\a.mp3 C:\\M\\Live\\01 One.mp3");
-  EXPECT_EQ(Listed(), (Texts{L"01 One.mp3", L"b.mp3"}));
-  EXPECT_EQ(Content(L"A.mp3"), "a stranger");
 }
 
 // Whatever call fails, every file is still there, once, under its old or its new name, and Undo gives the old one back.

@@ -145,8 +145,8 @@ struct AlbumFetch : AlbumSearch {
   }
 };
 
-TEST_F(AlbumFetch, FillsTheDiscRecord) {
-  album.mp3_lst.Add(L"2.mp3");
+TEST_F(AlbumFetch, FillsTheDiscRecordAndOffersFakesForMissingFiles) {
+  test.prompts.answers = {false, true};
   Fetch();
   EXPECT_TRUE(
       test.socket.requests.at(0).starts_with("GET http://gnudb.gnudb.org/~cddb/cddb.cgi?cmd=cddb+read+jazz+3&"));
@@ -158,31 +158,26 @@ TEST_F(AlbumFetch, FillsTheDiscRecord) {
   EXPECT_EQ(album.new_lst.Value(0), 7500);
   EXPECT_EQ(album.new_lst.Value(1), 1002 * 75 - 7650);
   EXPECT_EQ(album.tracks_lst.Texts(), (Texts{L"[01] t0", L"[02] t1"}));
-  EXPECT_TRUE(album.apply_btn.Enabled() && album.go_btn.Enabled() && test.prompts.questions.empty());
+  EXPECT_TRUE(album.apply_btn.Enabled() && album.go_btn.Enabled());
+  EXPECT_EQ(album.mp3_lst.Count(), 1);
 
-  page = Record(1, "");
+  page = Record(11, "");
   Fetch();
+  EXPECT_EQ(test.prompts.questions, Texts(2, TestText(message::kOfferFakes)));
+  EXPECT_EQ(album.mp3_lst.Count(), 11);
+  EXPECT_EQ(album.mp3_lst.ItemText(10), kFakeTrack);
+  EXPECT_EQ(album.tracks_lst.ItemText(9), L"[10] t9");
   EXPECT_EQ(album.year_txt.Text(), L"2004");  // today's
-  EXPECT_EQ(album.tracks_lst.Count(), 1);
+  Fetch();                                    // enough files: no question
+  EXPECT_EQ(test.prompts.questions.size(), 2u);
 
   album.resalb_lst.SelectOnly(-1);
   Fetch();
-  EXPECT_EQ(test.socket.requests.size(), 2u);
-}
-
-TEST_F(AlbumFetch, OffersFakesForMissingFiles) {
-  page = Record(11, "");
-  test.prompts.answers = {false, true};
-  Fetch();
-  EXPECT_EQ(test.prompts.questions, Texts{TestText(message::kOfferFakes)});
-  EXPECT_EQ(album.mp3_lst.Count(), 1);
-  EXPECT_EQ(album.tracks_lst.ItemText(9), L"[10] t9");
-  Fetch();
-  EXPECT_EQ(album.mp3_lst.Count(), 11);
-  EXPECT_EQ(album.mp3_lst.ItemText(10), kFakeTrack);
+  EXPECT_EQ(test.socket.requests.size(), 3u);
 }
 
 TEST_F(AlbumFetch, KeepsWhatWasThereWhenItFails) {
+  album.mp3_lst.Add(L"2.mp3");
   Fetch();
   page = "401 No such CD entry in database.\r\n";
   Fetch();
