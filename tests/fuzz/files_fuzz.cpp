@@ -1,6 +1,8 @@
 // Files that somebody else made: audio files and language files.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "audio/mp3.h"
 #include "core/failure.h"
 #include "core/language.h"
@@ -22,6 +24,7 @@ TEST(Fuzz, Mp3Duration) {
     try {
       const bool measured = GetMP3Duration(files, kPath, milliseconds);
       EXPECT_EQ(measured, milliseconds >= 0);
+      EXPECT_TRUE(std::isfinite(milliseconds));
     } catch (const Failure&) {
       EXPECT_EQ(milliseconds, -1);
     }
