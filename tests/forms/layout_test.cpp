@@ -66,11 +66,13 @@ struct Page {
   }
 };
 
-TEST(Layout, NothingOverlapsOrIsCutOffFromTheLeastSizeUpwardsAtAnyDpi) {
+TEST(Layout, ScalesAndNothingOverlapsOrIsCutOffFromTheLeastSizeUpwardsAtAnyDpi) {
   Page page;
   const Node tree = page.Tree();
   for (const int dpi : {96, 120, 144, 192}) {
     const Size least = Least(tree, dpi);
+    EXPECT_NEAR(least.width, Least(tree).width * dpi / 96, 4);
+    EXPECT_NEAR(least.height, Least(tree).height * dpi / 96, 4);
     for (const int more : {0, 1, 333}) {
       const Size size{least.width + more, least.height + more};
       const auto places = Places(tree, size, dpi);
@@ -90,15 +92,6 @@ TEST(Layout, NothingOverlapsOrIsCutOffFromTheLeastSizeUpwardsAtAnyDpi) {
       }
     }
   }
-}
-
-TEST(Layout, ScalesWithTheDpi) {
-  Page page;
-  const Node tree = page.Tree();
-  const Size at100 = Least(tree), at200 = Least(tree, 192), at150 = Least(tree, 144);
-  EXPECT_EQ(at200, (Size{2 * at100.width, 2 * at100.height}));
-  EXPECT_NEAR(at150.width, 1.5 * at100.width, 4);
-  EXPECT_NEAR(at150.height, 1.5 * at100.height, 4);
 }
 
 TEST(Layout, SpareRoomIsSharedToTheLastPixelInProportion) {
@@ -122,18 +115,26 @@ TEST(Layout, AcrossARowListsAndGroupsAreTallAndTheRestIsCentred) {
   EXPECT_EQ(places.at("in_group").rect.y, 200 - 23);
 }
 
-TEST(Layout, HiddenPartsTakeNoRoomNorGap) {
+TEST(Layout, FramesGovernWhatIsInThemAndHiddenPartsTakeNoRoomNorGap) {
   Button first("first"), second("second"), third("third");
   Frame frame("frame", L"Title");
   const Node tree = Column({first, Framed(frame, Row({second, Spacer()})), Row({third, Spacer()})});
   const Size button = Least(first);
+  EXPECT_GT(Least(tree).height, 3 * button.height + 2 * 6 + 15) << "the title takes room";
+  frame.SetText(L"");
+  EXPECT_EQ(Least(tree).height, 3 * button.height + 2 * 6);
+  frame.SetText(std::wstring(99, L'W'));
+  EXPECT_GT(Least(tree).width, 99 * 6);
+  frame.SetEnabled(false);
   frame.SetVisible(false);
   EXPECT_EQ(Least(tree).height, 2 * button.height + 6);
   third.SetVisible(false);  // a row without anything in it goes, too
   EXPECT_EQ(Least(tree).height, button.height);
   const auto places = Places(tree, {300, 300});
   EXPECT_TRUE(places.at("first").visible);
+  EXPECT_TRUE(places.at("first").enabled);
   EXPECT_FALSE(places.at("second").visible);
+  EXPECT_FALSE(places.at("second").enabled);
   EXPECT_TRUE(second.Visible());
 }
 
@@ -148,27 +149,6 @@ TEST(Layout, AStackIsAsLargeAsItsLargestPageShownOrNot) {
   EXPECT_EQ(places.at("large").rect, (Rect{0, 0, 500, 400}));
   EXPECT_FALSE(places.at("large").visible);
   EXPECT_TRUE(places.at("small").visible);
-}
-
-TEST(Layout, FramesGovernWhatIsInThem) {
-  Frame outer("outer"), inner("inner");
-  Button button("button"), outside("outside");
-  outer.SetEnabled(false);
-  const auto places = Places(Row({Framed(outer, Framed(inner, Column({button}))), outside}), {300, 100});
-  EXPECT_FALSE(places.at("button").enabled);
-  EXPECT_FALSE(places.at("inner").enabled);
-  EXPECT_TRUE(places.at("outside").enabled);
-}
-
-TEST(Layout, OnlyATitledFrameTakesRoom) {
-  Frame frame("frame");
-  Button button("button");
-  const Node tree = Framed(frame, button);
-  EXPECT_EQ(Least(tree), Least(button));
-  frame.SetText(L"&T");
-  EXPECT_GT(Least(tree).height, Least(button).height + 15);
-  frame.SetText(L"A title that is longer than the button in it");
-  EXPECT_GT(Least(tree).width, 44 * 6);
 }
 
 TEST(Layout, TextsAreMeasuredAsTheyAreShown) {

@@ -270,7 +270,7 @@ std::vector<std::wstring> Program::Rows(const std::string& list, int column) con
 
 void Program::Click(const std::string& name) const { ClickMiddle(Usable(name)); }
 
-void Program::ClickRow(const std::string& list, int row, bool twice) const {
+void Program::ClickRow(const std::string& list, int row) const {
   const HWND window = Usable(list);
   Activate(window);
   Ask(window, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
@@ -283,7 +283,6 @@ void Program::ClickRow(const std::string& list, int row, bool twice) const {
   POINT point{area.left + 10, (area.top + area.bottom) / 2};
   ClientToScreen(window, &point);
   ClickAt(point);
-  if (twice) ClickAt(point);
 }
 
 void Program::Fill(const std::string& name, const std::wstring& text) const {

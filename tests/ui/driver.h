@@ -46,7 +46,7 @@ class Program {
 
   // Real clicks, once the control can be used.
   void Click(const std::string& name) const;
-  void ClickRow(const std::string& list, int row, bool twice = false) const;
+  void ClickRow(const std::string& list, int row) const;
   // Puts a text in the place of what the control holds, by keys.
   void Fill(const std::string& name, const std::wstring& text) const;
   // Closes a form by its close box.

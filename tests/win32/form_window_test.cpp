@@ -10,7 +10,6 @@
 #include "forms/lists.h"
 #include "forms/picture.h"
 #include "forms/texts.h"
-#include "win32/prompts.h"
 #include "win32/test_form.h"
 
 namespace tagrix {
@@ -59,14 +58,11 @@ struct Window {
 TEST(FormWindow, ShowsItsModelsAndFollowsThem) {
   Window window;
   TestForm shown(window.form);
-  EXPECT_EQ(TextOf(shown.Window()), L"A window");
-  EXPECT_EQ(TextOf(shown["go_btn"]), L"&Go");
   EXPECT_EQ(TextOf(shown["options_frm"]), L"Options");
   EXPECT_EQ(shown.Send("first_opt", BM_GETCHECK), BST_CHECKED);
 
   window.form.caption = L"Another";
   window.words.SetText(L"abba");
-  window.caption.SetText(L"Wörter:");
   window.status.SetText(L"C:\\Music");
   window.tick.SetChecked(true);
   window.second.Choose();
@@ -77,7 +73,6 @@ TEST(FormWindow, ShowsItsModelsAndFollowsThem) {
   shown.Settle();
   EXPECT_EQ(TextOf(shown.Window()), L"Another");
   EXPECT_EQ(TextOf(shown["words_txt"]), L"abba");
-  EXPECT_EQ(TextOf(shown["caption_lbl"]), L"Wörter:");
   EXPECT_EQ(TextOf(shown["status_lbl"]), L"C:\\Music");
   EXPECT_EQ(shown.Send("tick_chk", BM_GETCHECK), BST_CHECKED);
   EXPECT_EQ(shown.Send("first_opt", BM_GETCHECK), BST_UNCHECKED);
@@ -116,23 +111,6 @@ TEST(FormWindow, ATextThatThePageCorrectsComesBackWithTheCaretInPlace) {
   shown.Send("words_txt", EM_SETSEL, 1, 1);
   shown.Type("words_txt", L"?x");
   EXPECT_EQ(TextOf(shown["words_txt"]), L"axbc");
-}
-
-TEST(FormWindow, FramesGovernWhatIsInThem) {
-  Window window;
-  TestForm shown(window.form);
-  window.options.SetEnabled(false);
-  shown.Settle();
-  EXPECT_FALSE(IsWindowEnabled(shown["tick_chk"]));
-  EXPECT_TRUE(IsWindowEnabled(shown["go_btn"]));
-  window.options.SetVisible(false);
-  shown.Settle();
-  EXPECT_FALSE(shown.Shows("tick_chk"));
-  window.options.SetEnabled(true);
-  window.options.SetVisible(true);
-  shown.Settle();
-  EXPECT_TRUE(IsWindowEnabled(shown["tick_chk"]));
-  EXPECT_TRUE(shown.Shows("tick_chk"));
 }
 
 TEST(FormWindow, PagesGetTheirWindowsWhenTheyAreFirstShownInTheLayoutsOrder) {
@@ -188,59 +166,6 @@ TEST(FormWindow, EndOfSessionIsNeverRefusedButTheCloseBoxAsks) {
   busy = false;
   SendMessageW(shown.Window(), WM_CLOSE, 0, 0);
   EXPECT_TRUE(window.form.Closing());
-}
-
-// Plays the user while modal forms are open: steps that a timer takes one after the other.
-class Script {
- public:
-  explicit Script(std::vector<std::function<void()>> steps) : steps_(std::move(steps)) {
-    window_ = CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    SetWindowSubclass(window_, Next, 0, reinterpret_cast<DWORD_PTR>(this));
-    SetTimer(window_, 1, 60, nullptr);
-  }
-  ~Script() { DestroyWindow(window_); }
-  Script(const Script&) = delete;
-  Script& operator=(const Script&) = delete;
-
- private:
-  static LRESULT CALLBACK Next(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR script) {
-    auto& self = *reinterpret_cast<Script*>(script);
-    if (message == WM_TIMER && self.next_ < self.steps_.size()) self.steps_[self.next_++]();
-    return DefSubclassProc(window, message, wParam, lParam);
-  }
-  std::vector<std::function<void()>> steps_;
-  std::size_t next_ = 0;
-  HWND window_;
-};
-
-TEST(Prompts, AModalFormDisablesItsOwnerAndAnswersEnterAndEsc) {
-  WinPrompts prompts;
-  Form outer("outer"), inner("inner");
-  Button open("open"), ok("ok", L"OK"), cancel("cancel", L"Cancel");
-  TextBox words("words");
-  std::string events;
-  outer.layout = Column({open});
-  inner.layout = Row({words, ok, cancel});
-  inner.defaultButton = &ok;
-  inner.cancelButton = &cancel;
-  inner.shown = [&] { events += "shown "; };
-  inner.closed = [&] { events += "closed "; };
-  ok.clicked = [&] { events += "ok "; };
-  cancel.clicked = [&] {
-    events += "cancel ";
-    inner.Close();
-  };
-  HWND owner = nullptr;
-  open.clicked = [&] {
-    owner = GetActiveWindow();
-    prompts.ShowModal(inner);
-    events += IsWindowEnabled(owner) ? "enabled " : "disabled ";
-  };
-  const auto press = [](WPARAM key) { return [key] { PostMessageW(GetFocus(), WM_KEYDOWN, key, 0); }; };
-  Script script({[&] { open.Click(); }, press(VK_RETURN), [&] { EXPECT_FALSE(IsWindowEnabled(owner)); },
-                 press(VK_ESCAPE), [&] { outer.Close(); }});
-  prompts.ShowModal(outer);
-  EXPECT_EQ(events, "shown ok cancel closed enabled ");
 }
 
 TEST(EventLoop, AWaitEndsWhenSomethingArrives) {
