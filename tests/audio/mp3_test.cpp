@@ -116,7 +116,7 @@ TEST(Mp3Duration, EndsWhereThirtyTwoBitsEnd) {
 }
 
 TEST(Mp3Duration, FindsTheFirstFrameWhereverReadsBeginAndEnd) {
-  for (const std::size_t border : {4096, 4095 + 65536, 4095 + 2 * 65535 + 1, 200000}) {
+  for (const std::size_t border : {4096u, 4095u + 65536, 4095u + 2 * 65535 + 1, 200000u}) {
     for (std::size_t p = border - 50; p < border - 1 || (border < 200000 && p < border + 3); ++p) {
       const std::string silence = With(Silence(200000), 100, "\xFF\xFC\xFF");  // halves of a pair
       ASSERT_EQ(Duration(With(silence, p, std::string("\xFF\xFB\x90").substr(0, 200000 - p))),

@@ -91,13 +91,16 @@ TEST(DiscRecord, LeavesUnknownLengthsAtZeroAndHoldsHugeOnes) {
 }
 
 TEST(DiscRecord, IsNothingElseAndRefusedWhereverItIsCut) {
-  for (const std::string& answer :
-       {kHeaders, kHeaders + "210\r\n\r\nDTITLE=x\r\n.\r\n",
-        kHeaders + "401 rock 47013c08 No such CD entry in database.\r\n" + kTwoTracks + ".\r\n",
-        kHeaders + "<html>\r\n" + kReply + kTwoTracks + ".\r\n</html>", kReply + kTwoTracks + ".\r\n",
-        kHeaders + kReply + "TTITLE0=no disc title\r\n.\r\n", kHeaders + kReply + ".\r\nDTITLE=unfinished"}) {
-    EXPECT_FALSE(ParseDiscRecord(answer)) << answer;
-  }
+  const std::string record = kReply + kTwoTracks + ".\r\n";
+  const std::string refused[] = {
+      kHeaders,
+      kHeaders + "210\r\n\r\nDTITLE=x\r\n.\r\n",
+      kHeaders + "401 rock 47013c08 No such CD entry in database.\r\n" + kTwoTracks + ".\r\n",
+      kHeaders + "<html>\r\n" + record + "</html>",
+      record,
+      kHeaders + kReply + "TTITLE0=no disc title\r\n.\r\n",
+      kHeaders + kReply + ".\r\nDTITLE=unfinished"};
+  for (const std::string& text : refused) EXPECT_FALSE(ParseDiscRecord(text)) << text;
   const std::string answer = Answer(kTwoTracks);
   for (size_t length = 0; length < answer.size(); ++length) {
     EXPECT_EQ(ParseDiscRecord(answer.substr(0, length)).has_value(), length + 2 >= answer.size()) << length;
