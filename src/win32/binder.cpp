@@ -11,7 +11,7 @@ namespace {
 
 class Maker : public ControlVisitor {
  public:
-  Maker(HWND window, const Form& form, bool wraps) : window_(window), form_(form), wraps_(wraps) {}
+  Maker(const Site& site, const Form& form, bool wraps) : site_(site), form_(form), wraps_(wraps) {}
 
   void Visit(Button& button) override {
     if (button.Image().empty()) {
@@ -38,18 +38,18 @@ class Maker : public ControlVisitor {
  private:
   template <typename Kind, typename... Arguments>
   void Make(Arguments&&... arguments) {
-    made = std::make_unique<Kind>(window_, arguments...);
+    made = std::make_unique<Kind>(site_, arguments...);
   }
 
-  HWND window_;
+  const Site& site_;
   const Form& form_;
   bool wraps_;
 };
 
 }  // namespace
 
-std::unique_ptr<Binding> MakeBinding(HWND window, const Form& form, Control& control, bool wraps) {
-  Maker maker(window, form, wraps);
+std::unique_ptr<Binding> MakeBinding(const Site& site, const Form& form, Control& control, bool wraps) {
+  Maker maker(site, form, wraps);
   control.Accept(maker);
   return std::move(maker.made);
 }

@@ -10,7 +10,7 @@
 namespace tagrix {
 
 // Null for what isn't drawn: a frame without a text. `wraps`: a label whose text may take several lines.
-std::unique_ptr<Binding> MakeBinding(HWND window, const Form& form, Control& control, bool wraps);
+std::unique_ptr<Binding> MakeBinding(const Site& site, const Form& form, Control& control, bool wraps);
 
 }  // namespace tagrix
 

@@ -11,10 +11,11 @@ constexpr const wchar_t* kNameProperty = L"TagrixControl";
 
 }  // namespace
 
-Binding::Binding(HWND form, const Control& control, const WindowKind& kind)
+Binding::Binding(const Site& site, const Control& control, const WindowKind& kind)
     : window_(CreateWindowExW(kind.exStyle, kind.className, control.Text().c_str(),
-                              WS_CHILD | WS_CLIPSIBLINGS | kind.style, 0, 0, 0, 0, form, nullptr,
-                              GetModuleHandleW(nullptr), nullptr)) {
+                              WS_CHILD | WS_CLIPSIBLINGS | kind.style | site.state, site.rect.x, site.rect.y,
+                              site.rect.width, site.rect.height, site.form, nullptr, GetModuleHandleW(nullptr),
+                              nullptr)) {
   NameWindow(window_, control.Name());
 }
 

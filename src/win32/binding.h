@@ -37,9 +37,16 @@ struct WindowKind {
   DWORD exStyle = 0;
 };
 
+// Where a control's window is made: in its form, in pixels, and whether shown and enabled (WS_VISIBLE, WS_DISABLED).
+struct Site {
+  HWND form;
+  Rect rect;
+  DWORD state = 0;
+};
+
 class Binding {
  public:
-  Binding(HWND form, const Control& control, const WindowKind& kind);
+  Binding(const Site& site, const Control& control, const WindowKind& kind);
   virtual ~Binding();
   Binding(const Binding&) = delete;
   Binding& operator=(const Binding&) = delete;

@@ -28,8 +28,8 @@ COLORREF Mix(COLORREF a, COLORREF b, int percentOfB) {
 
 }  // namespace
 
-PushButton::PushButton(HWND form, Button& button, bool isDefault)
-    : Binding(form, button,
+PushButton::PushButton(const Site& site, Button& button, bool isDefault)
+    : Binding(site, button,
               {WC_BUTTONW, WS_TABSTOP | static_cast<DWORD>(isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON)}),
       button_(button) {}
 
@@ -43,8 +43,8 @@ void PushButton::Command(int code) {
 
 bool PushButton::TakeKey(WPARAM key) { return PressedByEnter(button_, key); }
 
-ImageButton::ImageButton(HWND form, Button& button)
-    : Binding(form, button, {WC_BUTTONW, WS_TABSTOP | BS_OWNERDRAW}), button_(button) {
+ImageButton::ImageButton(const Site& site, Button& button)
+    : Binding(site, button, {WC_BUTTONW, WS_TABSTOP | BS_OWNERDRAW}), button_(button) {
   Subclass();
 }
 
@@ -129,7 +129,8 @@ void ImageButton::DrawContent(HDC dc, RECT area, UINT state) const {
   if (length > 0) DrawTextW(dc, caption.c_str(), length, &text, format | DT_CENTER | DT_TOP);
 }
 
-TickBox::TickBox(HWND form, CheckBox& box) : Binding(form, box, {WC_BUTTONW, WS_TABSTOP | BS_CHECKBOX}), box_(box) {}
+TickBox::TickBox(const Site& site, CheckBox& box)
+    : Binding(site, box, {WC_BUTTONW, WS_TABSTOP | BS_CHECKBOX}), box_(box) {}
 
 void TickBox::Update(Changes changes) {
   if (changes.Has(Change::Text)) ShowText(box_.Text());
@@ -140,8 +141,8 @@ void TickBox::Command(int code) {
   if (IsClick(code)) box_.Click();
 }
 
-RadioButton::RadioButton(HWND form, OptionButton& option)
-    : Binding(form, option, {WC_BUTTONW, BS_AUTORADIOBUTTON | (option.FirstOfGroup() ? WS_TABSTOP | WS_GROUP : 0UL)}),
+RadioButton::RadioButton(const Site& site, OptionButton& option)
+    : Binding(site, option, {WC_BUTTONW, BS_AUTORADIOBUTTON | (option.FirstOfGroup() ? WS_TABSTOP | WS_GROUP : 0UL)}),
       option_(option) {}
 
 void RadioButton::Update(Changes changes) {

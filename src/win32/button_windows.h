@@ -10,7 +10,7 @@ namespace tagrix {
 
 class PushButton : public Binding {
  public:
-  PushButton(HWND form, Button& button, bool isDefault);
+  PushButton(const Site& site, Button& button, bool isDefault);
   void Update(Changes changes) override;
   void Command(int code) override;
   bool TakeKey(WPARAM key) override;
@@ -22,7 +22,7 @@ class PushButton : public Binding {
 // A flat white button that shows a picture, above its text if it has one.
 class ImageButton : public Binding {
  public:
-  ImageButton(HWND form, Button& button);
+  ImageButton(const Site& site, Button& button);
   void Update(Changes changes) override;
   void SetFonts(const Fonts& fonts) override;
   void Command(int code) override;
@@ -45,7 +45,7 @@ class ImageButton : public Binding {
 
 class TickBox : public Binding {
  public:
-  TickBox(HWND form, CheckBox& box);
+  TickBox(const Site& site, CheckBox& box);
   void Update(Changes changes) override;
   void Command(int code) override;
 
@@ -55,7 +55,7 @@ class TickBox : public Binding {
 
 class RadioButton : public Binding {
  public:
-  RadioButton(HWND form, OptionButton& option);
+  RadioButton(const Site& site, OptionButton& option);
   void Update(Changes changes) override;
   void Command(int code) override;
 

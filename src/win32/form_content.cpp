@@ -26,6 +26,7 @@ bool ChangesLayout(const Control& control, Changes changes) {
   return changes.Has(Change::Text) || (changes.Has(Change::Look) && dynamic_cast<const Button*>(&control) != nullptr);
 }
 
+bool IsDropDown(const Control& control) { return dynamic_cast<const ComboBox*>(&control) != nullptr; }
 bool IsFrame(const Control& control) { return dynamic_cast<const Frame*>(&control) != nullptr; }
 
 }  // namespace
@@ -87,9 +88,9 @@ bool FormContent::Flush() {
   return layout;
 }
 
-bool FormContent::MakeWindow(Slot& slot) {
+bool FormContent::MakeWindow(Slot& slot, const Site& site) {
   if (slot.binding) return false;
-  slot.binding = MakeBinding(window_, form_, *slot.control, slot.wraps);
+  slot.binding = MakeBinding(site, form_, *slot.control, slot.wraps);
   if (!slot.binding) return false;
   slot.binding->SetFonts(*fonts_);
   slot.binding->Update(Changes::All());
@@ -119,15 +120,16 @@ void FormContent::Place() {
   RECT client;
   GetClientRect(window_, &client);
   std::vector<Placement> places = Arrange(form_.layout, {0, 0, client.right, client.bottom}, fonts_->Dpi(), *fonts_);
-  bool made = false;
-  for (const Placement& place : places) {
-    if (place.visible) made |= MakeWindow(SlotOf(*place.control));
-  }
   // Frames stand behind everything, the inner before the outer.
   std::stable_partition(places.begin(), places.end(), [](const Placement& p) { return !IsFrame(*p.control); });
   std::reverse(std::find_if(places.begin(), places.end(), [](const Placement& p) { return IsFrame(*p.control); }),
                places.end());
+  if (!std::exchange(placed_, true)) return MakeWindows(places);
 
+  bool made = false;
+  for (const Placement& place : places) {
+    if (place.visible) made |= MakeWindow(SlotOf(*place.control), {window_, {}});
+  }
   HDWP moves = BeginDeferWindowPos(static_cast<int>(places.size()));
   HWND after = HWND_TOP;
   for (const Placement& place : places) {
@@ -138,6 +140,19 @@ void FormContent::Place() {
   }
   EndDeferWindowPos(moves);
   Enable(places);
+}
+
+// Before the form is shown: every window is made where it belongs, which is cheaper than to move it there.
+void FormContent::MakeWindows(const std::vector<Placement>& places) {
+  for (const Placement& place : places) {
+    if (!place.visible) continue;
+    Slot& slot = SlotOf(*place.control);
+    Site site{window_, place.rect, static_cast<DWORD>(place.enabled ? WS_VISIBLE : WS_VISIBLE | WS_DISABLED)};
+    if (IsDropDown(*slot.control)) site.rect.height += Pixels(kDropDownHeight);
+    slot.rect = place.rect;
+    slot.enabled = place.enabled;
+    slot.visible = MakeWindow(slot, site);
+  }
 }
 
 // Moves what isn't where it belongs; `after` gives the place in the tab order, null leaves it.
@@ -152,8 +167,7 @@ HDWP FormContent::Move(HDWP moves, Slot& slot, const Placement& place, const HWN
   if (!moved) flags |= SWP_NOMOVE | SWP_NOSIZE;
   if (resized) flags |= SWP_NOCOPYBITS;
   if (shown) flags |= visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
-  const bool dropsDown = dynamic_cast<const ComboBox*>(slot.control) != nullptr;
-  const int height = place.rect.height + (dropsDown ? Pixels(kDropDownHeight) : 0);
+  const int height = place.rect.height + (IsDropDown(*slot.control) ? Pixels(kDropDownHeight) : 0);
   slot.rect = place.rect;
   slot.visible = visible;
   return DeferWindowPos(moves, slot.binding->Window(), after == nullptr ? nullptr : *after, place.rect.x, place.rect.y,

@@ -63,7 +63,8 @@ class FormContent : public ControlObserver {
   void Collect(const Node& node);
   const Slot* SlotOf(HWND window) const;
   Slot& SlotOf(const Control& control) { return slots_[index_.at(&control)]; }
-  bool MakeWindow(Slot& slot);
+  bool MakeWindow(Slot& slot, const Site& site);
+  void MakeWindows(const std::vector<Placement>& places);
   void OfferTooltip(Slot& slot);
   HDWP Move(HDWP moves, Slot& slot, const Placement& place, const HWND* after);
   void Enable(const std::vector<Placement>& places);
@@ -74,6 +75,7 @@ class FormContent : public ControlObserver {
   std::vector<Slot> slots_;  // in the layout's order
   std::unordered_map<const Control*, std::size_t> index_;
   HWND tooltips_ = nullptr;
+  bool placed_ = false;
   bool flushPending_ = false;
   ULONGLONG flushed_ = 0;     // ticks
   HWND lostFocus_ = nullptr;  // had the keyboard when it was disabled or hidden

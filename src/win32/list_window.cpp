@@ -29,8 +29,8 @@ bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
 
 }  // namespace
 
-ListWindow::ListWindow(HWND form, ListBox& list)
-    : Binding(form, list, {WC_LISTVIEWW, Style(list), WS_EX_CLIENTEDGE}), list_(list) {
+ListWindow::ListWindow(const Site& site, ListBox& list)
+    : Binding(site, list, {WC_LISTVIEWW, Style(list), WS_EX_CLIENTEDGE}), list_(list) {
   Ask(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
   Subclass();
 }

@@ -12,7 +12,7 @@ namespace tagrix {
 
 class ListWindow : public Binding {
  public:
-  ListWindow(HWND form, ListBox& list);
+  ListWindow(const Site& site, ListBox& list);
   void Update(Changes changes) override;
   void SetFonts(const Fonts& fonts) override;
   std::optional<LRESULT> Notify(NMHDR& note) override;

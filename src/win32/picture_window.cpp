@@ -70,8 +70,8 @@ COLORREF ColourOf(Ink ink) {
   return GetSysColor(COLOR_WINDOWTEXT);
 }
 
-PictureWindow::PictureWindow(HWND form, Picture& picture)
-    : Binding(form, picture, {WC_STATICW, SS_OWNERDRAW | SS_NOTIFY}), picture_(picture) {
+PictureWindow::PictureWindow(const Site& site, Picture& picture)
+    : Binding(site, picture, {WC_STATICW, SS_OWNERDRAW | SS_NOTIFY}), picture_(picture) {
   Subclass();
 }
 

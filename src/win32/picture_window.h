@@ -9,7 +9,7 @@ namespace tagrix {
 
 class PictureWindow : public Binding {
  public:
-  PictureWindow(HWND form, Picture& picture);
+  PictureWindow(const Site& site, Picture& picture);
   void Update(Changes changes) override;
   void SetFonts(const Fonts& fonts) override;
   void Draw(const DRAWITEMSTRUCT& item) override;

@@ -23,8 +23,8 @@ DWORD LabelStyleBits(const Label& label, bool wraps) {
 }  // namespace
 
 // SS_NOTIFY lets the pointer rest on it, for tooltips.
-StaticText::StaticText(HWND form, Label& label, bool wraps)
-    : Binding(form, label, {WC_STATICW, SS_NOTIFY}), label_(label), wraps_(wraps) {}
+StaticText::StaticText(const Site& site, Label& label, bool wraps)
+    : Binding(site, label, {WC_STATICW, SS_NOTIFY}), label_(label), wraps_(wraps) {}
 
 void StaticText::Update(Changes changes) {
   if (!changes.Has(Change::Text)) return;
@@ -39,8 +39,8 @@ void StaticText::SetFonts(const Fonts& fonts) {
   SendMessageW(Window(), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
-EditField::EditField(HWND form, TextBox& box)
-    : Binding(form, box, {WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
+EditField::EditField(const Site& site, TextBox& box)
+    : Binding(site, box, {WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
   SendMessageW(Window(), EM_SETLIMITTEXT, 0, 0);  // none
 }
 
@@ -69,8 +69,8 @@ void EditField::Command(int code) {
   ShowContent();  // at once, before the next key
 }
 
-DropDown::DropDown(HWND form, ComboBox& combo)
-    : Binding(form, combo,
+DropDown::DropDown(const Site& site, ComboBox& combo)
+    : Binding(site, combo,
               {WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | CBS_AUTOHSCROLL |
                                  static_cast<DWORD>(combo.Editable() ? CBS_DROPDOWN : CBS_DROPDOWNLIST)}),
       combo_(combo) {}
@@ -117,7 +117,7 @@ bool DropDown::TakeKey(WPARAM key) {
   return key == VK_RETURN || key == VK_ESCAPE;
 }
 
-GroupBox::GroupBox(HWND form, Frame& frame) : Binding(form, frame, {WC_BUTTONW, BS_GROUPBOX}), frame_(frame) {
+GroupBox::GroupBox(const Site& site, Frame& frame) : Binding(site, frame, {WC_BUTTONW, BS_GROUPBOX}), frame_(frame) {
   Subclass();
 }
 
@@ -134,8 +134,8 @@ LRESULT GroupBox::Message(UINT message, WPARAM wParam, LPARAM lParam) {
   return TRUE;
 }
 
-ProgressBar::ProgressBar(HWND form, ProgressBox& progress)
-    : Binding(form, progress, {PROGRESS_CLASSW, PBS_SMOOTH}), progress_(progress) {}
+ProgressBar::ProgressBar(const Site& site, ProgressBox& progress)
+    : Binding(site, progress, {PROGRESS_CLASSW, PBS_SMOOTH}), progress_(progress) {}
 
 void ProgressBar::Update(Changes changes) {
   if (changes.Has(Change::Selection)) SendMessageW(Window(), PBM_SETPOS, static_cast<WPARAM>(progress_.Percent()), 0);

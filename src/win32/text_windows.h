@@ -10,7 +10,7 @@ namespace tagrix {
 
 class StaticText : public Binding {
  public:
-  StaticText(HWND form, Label& label, bool wraps);
+  StaticText(const Site& site, Label& label, bool wraps);
   void Update(Changes changes) override;
   void SetFonts(const Fonts& fonts) override;
 
@@ -21,7 +21,7 @@ class StaticText : public Binding {
 
 class EditField : public Binding {
  public:
-  EditField(HWND form, TextBox& box);
+  EditField(const Site& site, TextBox& box);
   void Update(Changes changes) override;
   void Command(int code) override;
 
@@ -33,7 +33,7 @@ class EditField : public Binding {
 
 class DropDown : public Binding {
  public:
-  DropDown(HWND form, ComboBox& combo);
+  DropDown(const Site& site, ComboBox& combo);
   void Update(Changes changes) override;
   void Command(int code) override;
   bool TakeKey(WPARAM key) override;
@@ -47,7 +47,7 @@ class DropDown : public Binding {
 
 class GroupBox : public Binding {
  public:
-  GroupBox(HWND form, Frame& frame);
+  GroupBox(const Site& site, Frame& frame);
   void Update(Changes changes) override;
 
  protected:
@@ -59,7 +59,7 @@ class GroupBox : public Binding {
 
 class ProgressBar : public Binding {
  public:
-  ProgressBar(HWND form, ProgressBox& progress);
+  ProgressBar(const Site& site, ProgressBox& progress);
   void Update(Changes changes) override;
 
  private:

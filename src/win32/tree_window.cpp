@@ -15,8 +15,8 @@ constexpr LPARAM kUnfilled = 0, kFilled = 1;
 
 }  // namespace
 
-TreeWindow::TreeWindow(HWND form, TreeBox& tree)
-    : Binding(form, tree,
+TreeWindow::TreeWindow(const Site& site, TreeBox& tree)
+    : Binding(site, tree,
               {WC_TREEVIEWW, WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
                WS_EX_CLIENTEDGE}),
       tree_(tree) {

@@ -11,7 +11,7 @@ namespace tagrix {
 
 class TreeWindow : public Binding {
  public:
-  TreeWindow(HWND form, TreeBox& tree);
+  TreeWindow(const Site& site, TreeBox& tree);
   void Update(Changes changes) override;
   std::optional<LRESULT> Notify(NMHDR& note) override;
 
