@@ -1,7 +1,7 @@
 #include <fstream>
 
+#include "bench/linux_files.h"
 #include "bench/machine.h"
-#include "fakes/linux_files.h"
 #include "fakes/posix_socket.h"
 
 namespace tagrix {

@@ -1,4 +1,4 @@
-#include "fakes/linux_files.h"
+#include "bench/linux_files.h"
 
 #include <dirent.h>
 #include <fcntl.h>

@@ -1,6 +1,6 @@
 // A real Linux folder that plays drive "C:", for benches on a real disk.
-#ifndef TAGRIX_TESTS_FAKES_LINUX_FILES_H
-#define TAGRIX_TESTS_FAKES_LINUX_FILES_H
+#ifndef TAGRIX_BENCH_LINUX_FILES_H
+#define TAGRIX_BENCH_LINUX_FILES_H
 
 #include <memory>
 #include <string>
