@@ -48,7 +48,6 @@ FormWindow::FormWindow(Form& form, HWND owner) : form_(form), owner_(owner), cap
   NameWindow(window_, form.name);
   content_ = std::make_unique<FormContent>(window_, form, static_cast<int>(GetDpiForWindow(window_)));
   PlaceAtStart();
-  content_->Place();
 }
 
 FormWindow::~FormWindow() {
@@ -67,11 +66,22 @@ FormWindow* FormWindow::Around(HWND window) {
 }
 
 void FormWindow::Show() {
-  if (owner_ != nullptr) EnableWindow(owner_, FALSE);
-  const int show = owner_ != nullptr ? SW_SHOW : SW_SHOWDEFAULT;
-  ShowWindow(window_, form_.maximised ? SW_SHOWMAXIMIZED : show);
+  if (owner_ != nullptr) {
+    EnableWindow(owner_, FALSE);
+    Fill();
+    ShowWindow(window_, SW_SHOW);
+  } else {
+    // Before its controls are made: the user sees sooner that the program comes.
+    ShowWindow(window_, form_.maximised ? SW_SHOWMAXIMIZED : SW_SHOWDEFAULT);
+    Fill();
+  }
   content_->SetFocusTo(form_.firstFocus);
   UpdateWindow(window_);
+}
+
+void FormWindow::Fill() {
+  filled_ = true;
+  content_->Place();
 }
 
 SIZE FormWindow::WindowSize(Size client) const {
@@ -198,7 +208,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       content_->HideTooltip();
       return 0;
     case WM_SIZE:
-      if (wParam != SIZE_MINIMIZED) content_->Place();
+      if (filled_ && wParam != SIZE_MINIMIZED) content_->Place();
       return 0;
     case WM_GETMINMAXINFO:
       Limit(*reinterpret_cast<MINMAXINFO*>(lParam));

@@ -43,6 +43,7 @@ class FormWindow {
   SIZE WindowSize(Size client) const;
   RECT WorkArea() const;
   void PlaceAtStart();
+  void Fill();
   void GrowToLeast();
   void NewFonts(int dpi);
   void Limit(MINMAXINFO& limits) const;
@@ -53,6 +54,7 @@ class FormWindow {
   std::unique_ptr<FormContent> content_;
   std::wstring caption_;
   std::wstring tooltip_;      // the text handed out last
+  bool filled_ = false;       // the controls are made
   HWND lastFocus_ = nullptr;  // where the keyboard was when another window became active
   std::exception_ptr failure_;
   bool woken_ = false;
