@@ -1,22 +1,17 @@
 // bulk FOLDER: the bulk renamer adds all files of the folder, adds them again (all are known then), replaces the blanks
 // in their names and undoes it. Prints how long each took, in milliseconds.
-#include "bench/machine.h"
-#include "fakes/fakes.h"
+#include "bench/disk_context.h"
 #include "tools/bulk/bulk_mod.h"
 
 int main(int, char** arguments) {
-  const tagrix::RealFolder folder = tagrix::OpenFolder(arguments[1]);
-  tagrix::TestContext fakes;
-  tagrix::Context context(tagrix::Ports{*folder.files, fakes.registry, fakes.codePage, fakes.events, fakes.clock,
-                                        fakes.shell, fakes.prompts, fakes.socket, fakes.ftp},
-                          L"C:\\Tagrix");
-  context.settings.Put(L"LastDir", folder.path);
+  tagrix::DiskContext disk(arguments[1]);
+  disk.context.settings.Put(L"LastDir", disk.folder.path);
   tagrix::BulkPage page;
-  tagrix::InitBulkPage(page, context);
+  tagrix::InitBulkPage(page, disk.context);
   page.space_chk.Click();
 
   for (const char* step : {"add", "again"}) {
-    fakes.prompts.dialogs.emplace_back([step](tagrix::Form& chooser) {
+    disk.fakes.prompts.dialogs.emplace_back([step](tagrix::Form& chooser) {
       auto& ok = tagrix::Find<tagrix::Button>(chooser.layout, "ok_btn");
       tagrix::Time(step, [&] { ok.Click(); });
     });
@@ -26,7 +21,8 @@ int main(int, char** arguments) {
   const bool renamed = page.bulk_undo_lst.Count() > 0 && page.bulk_lst.ItemText(0) != page.bulk_undo_lst.ItemText(0);
   tagrix::Time("undo", [&] { page.bulk_undo_btn.Click(); });
   // One message: the summary.
-  return renamed && page.bulk_lst.ItemText(0) == page.bulk_undo_lst.ItemText(0) && fakes.prompts.messages.size() == 1
+  return renamed && page.bulk_lst.ItemText(0) == page.bulk_undo_lst.ItemText(0) &&
+                 disk.fakes.prompts.messages.size() == 1
              ? 0
              : 1;
 }
