@@ -18,7 +18,8 @@ namespace {
 
 constexpr std::size_t kShortestName = 4;
 constexpr int kEntriesBetweenEvents = 256;
-constexpr std::size_t kPiece = 1 << 16;  // characters written at a time
+constexpr std::size_t kMostHeld = 1 << 14;  // entries of a folder
+constexpr std::size_t kPiece = 1 << 16;     // characters written at a time
 
 class Catalogue {
  public:
@@ -47,33 +48,48 @@ class Catalogue {
   void ListFolder(const std::wstring& folder, std::deque<std::wstring>& folders, bool first) {
     context_.events.DoEvents();
     const std::wstring prefix = WithBackslash(folder);
-    std::vector<FileInfo> entries = ListedEntries(prefix, first);
-    std::sort(entries.begin(), entries.end(), [](const FileInfo& a, const FileInfo& b) { return a.name < b.name; });
-    bool block = false;
-    for (const FileInfo& entry : entries) {
-      if (context_.cancelled) return;
-      if (entry.folder) {
-        folders.push_back(prefix + entry.name);
-        continue;
+    std::wstring last;  // of the names listed
+    bool block = false, more = true;
+    while (more) {
+      for (const FileInfo& entry : EntriesAfter(last, prefix, first, more)) {
+        if (context_.cancelled) return;
+        last = entry.name;
+        if (entry.folder) {
+          folders.push_back(prefix + entry.name);
+          continue;
+        }
+        if (!std::exchange(block, true)) text_.append(L"[").append(folder).append(L"]\r\n");
+        WriteLine(entry, prefix);
       }
-      if (!std::exchange(block, true)) text_.append(L"[").append(folder).append(L"]\r\n");
-      WriteLine(entry, prefix);
     }
     if (block) text_ += L"\r\n";
   }
 
-  // The folders to walk and the files to list.
-  std::vector<FileInfo> ListedEntries(const std::wstring& folder, bool first) {
+  // The folders to walk and the files to list whose names come after `last`, in order. Of a folder that holds very many
+  // only the first: so memory doesn't grow with it, and it is read again for the others (`more`).
+  std::vector<FileInfo> EntriesAfter(const std::wstring& last, const std::wstring& folder, bool first, bool& more) {
     std::vector<FileInfo> entries;
+    more = false;
+    const auto byName = [](const FileInfo& a, const FileInfo& b) { return a.name < b.name; };
+    const auto keepFirst = [&] {
+      if (entries.size() <= kMostHeld) return;
+      std::nth_element(entries.begin(), entries.begin() + kMostHeld, entries.end(), byName);
+      entries.resize(kMostHeld);
+      more = true;
+    };
     try {
       context_.files.List(folder, L"*", [&](const FileInfo& entry) {
-        if (entry.folder ? request_.recurse && !entry.link : IsListed(entry.name)) entries.push_back(entry);
+        const bool wanted = entry.folder ? request_.recurse && !entry.link : IsListed(entry.name);
+        if (wanted && entry.name > last) entries.push_back(entry);
+        if (entries.size() == 2 * kMostHeld) keepFirst();
         LetEventsRun({});
         return !context_.cancelled;
       });
     } catch (const Failure&) {
       if (first) throw;
     }
+    keepFirst();
+    std::sort(entries.begin(), entries.end(), byName);
     return entries;
   }
 

@@ -70,6 +70,16 @@ TEST_F(Lister, NamesTheCatalogueAfterTheFolderAndStartsWithTheLastPattern) {
   EXPECT_EQ(next.pattern_txt.Text(), L"%3 %4");
 }
 
+TEST_F(Lister, ListsFoldersThatAreTooLongToBeHeldAtOnce) {
+  std::string expected = "[C:\\m]\r\n";
+  for (int i = 0; i < 40'000; ++i) {
+    const std::string name = std::to_string(100'000 + i * 7 % 40'000);
+    files.Put(L"C:\\m\\" + Widen(name) + L".mp3");
+    expected += "[MP3] " + std::to_string(100'000 + i) + ".mp3\r\n";
+  }
+  EXPECT_EQ(Run(), expected + "[MP3] C.Mp3\r\n[MP3] b.mp3\r\n\r\n");
+}
+
 TEST_F(Lister, ListsByCharacterCodeAndTheTreeBreadthFirst) {
   const std::string own = "[C:\\m]\r\n[MP3] C.Mp3\r\n[MP3] b.mp3\r\n\r\n";
   EXPECT_EQ(Run(), own);
