@@ -6,8 +6,14 @@
 namespace tagrix {
 
 void WinEventLoop::DoEvents() {
+  // A fast download posts without end: the caller has to see what has come, and posted messages go before the user's.
+  constexpr ULONGLONG kLongest = 50;  // milliseconds
+  const ULONGLONG start = GetTickCount64();
   MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) Dispatch(message);
+  while (GetTickCount64() - start < kLongest && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    Dispatch(message);
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_INPUT | PM_QS_PAINT)) Dispatch(message);
+  }
 }
 
 void WinEventLoop::Wait(int milliseconds) {
