@@ -81,7 +81,11 @@ void FormWindow::Show() {
 
 void FormWindow::Fill() {
   filled_ = true;
-  content_->Place();
+  Place();
+}
+
+void FormWindow::Place() {
+  if (filled_ && !IsIconic(window_)) content_->Place();
 }
 
 SIZE FormWindow::WindowSize(Size client) const {
@@ -137,13 +141,13 @@ void FormWindow::Flush() {
   }
   if (!content_->Flush()) return;
   GrowToLeast();
-  content_->Place();
+  Place();
 }
 
 void FormWindow::NewFonts(int dpi) {
   content_->SetFonts(dpi);
   GrowToLeast();
-  content_->Place();
+  Place();
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
@@ -208,7 +212,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       content_->HideTooltip();
       return 0;
     case WM_SIZE:
-      if (filled_ && wParam != SIZE_MINIMIZED) content_->Place();
+      Place();
       return 0;
     case WM_GETMINMAXINFO:
       Limit(*reinterpret_cast<MINMAXINFO*>(lParam));

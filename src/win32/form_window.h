@@ -43,7 +43,9 @@ class FormWindow {
   SIZE WindowSize(Size client) const;
   RECT WorkArea() const;
   void PlaceAtStart();
+  // Makes the controls; from then on `Place` keeps them where they belong.
   void Fill();
+  void Place();
   void GrowToLeast();
   void NewFonts(int dpi);
   void Limit(MINMAXINFO& limits) const;
