@@ -6,7 +6,8 @@
 namespace tagrix {
 
 void WinEventLoop::DoEvents() {
-  // A fast download posts without end: the caller has to see what has come, and posted messages go before the user's.
+  // A fast download posts without end, and what is posted goes before the user's input: so that is let in between, and
+  // the caller gets to look at what has come.
   constexpr ULONGLONG kLongest = 50;  // milliseconds
   const ULONGLONG start = GetTickCount64();
   MSG message;

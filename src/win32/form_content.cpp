@@ -142,7 +142,7 @@ void FormContent::Place() {
   Enable(places);
 }
 
-// Before the form is shown: every window is made where it belongs, which is cheaper than to move it there.
+// The first time: every window is made where it belongs, which is cheaper than to move it there.
 void FormContent::MakeWindows(const std::vector<Placement>& places) {
   for (const Placement& place : places) {
     if (!place.visible) continue;

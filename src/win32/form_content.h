@@ -75,7 +75,7 @@ class FormContent : public ControlObserver {
   std::vector<Slot> slots_;  // in the layout's order
   std::unordered_map<const Control*, std::size_t> index_;
   HWND tooltips_ = nullptr;
-  bool placed_ = false;
+  bool placed_ = false;  // once
   bool flushPending_ = false;
   ULONGLONG flushed_ = 0;     // ticks
   HWND lostFocus_ = nullptr;  // had the keyboard when it was disabled or hidden
