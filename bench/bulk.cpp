@@ -5,24 +5,20 @@
 
 int main(int, char** arguments) {
   tagrix::DiskContext disk(arguments[1]);
-  disk.context.settings.Put(L"LastDir", disk.folder.path);
+  disk.context.settings.Put(tagrix::setting::kLastDir, disk.folder.path);
   tagrix::BulkPage page;
   tagrix::InitBulkPage(page, disk.context);
   page.space_chk.Click();
 
   for (const char* step : {"add", "again"}) {
-    disk.fakes.prompts.dialogs.emplace_back([step](tagrix::Form& chooser) {
-      auto& ok = tagrix::Find<tagrix::Button>(chooser.layout, "ok_btn");
-      tagrix::Time(step, [&] { ok.Click(); });
-    });
-    page.addfolder_btn.Click();
+    disk.fakes.prompts.dialogs.emplace_back(
+        [](tagrix::Form& chooser) { tagrix::Find<tagrix::Button>(chooser.layout, "ok_btn").Click(); });
+    tagrix::Time(step, [&] { page.addfolder_btn.Click(); });
   }
   tagrix::Time("run", [&] { page.bulk_go_btn.Click(); });
-  const bool renamed = page.bulk_undo_lst.Count() > 0 && page.bulk_lst.ItemText(0) != page.bulk_undo_lst.ItemText(0);
+  const bool renamed = page.journal.Count() > 0 && page.bulk_lst.ItemText(0) != page.journal.Former(0);
   tagrix::Time("undo", [&] { page.bulk_undo_btn.Click(); });
   // One message: the summary.
-  return renamed && page.bulk_lst.ItemText(0) == page.bulk_undo_lst.ItemText(0) &&
-                 disk.fakes.prompts.messages.size() == 1
-             ? 0
-             : 1;
+  return renamed && page.bulk_lst.ItemText(0) == page.journal.Former(0) && disk.fakes.prompts.messages.size() == 1 ? 0
+                                                                                                                   : 1;
 }

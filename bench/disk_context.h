@@ -15,7 +15,7 @@ struct DiskContext {
   TestContext fakes;
   RealFolder folder;
   Context context{Ports{*folder.files, fakes.registry, fakes.codePage, fakes.events, fakes.clock, fakes.shell,
-                        fakes.prompts, fakes.socket, fakes.ftp},
+                        fakes.prompts, fakes.socket, fakes.ftp, fakes.https},
                   L"C:\\Tagrix"};
 };
 

@@ -10,16 +10,16 @@
 #include <cstdio>
 #include <cstring>
 
-#include "core/failure.h"
-#include "core/text.h"
+#include "base/failure.h"
+#include "base/text.h"
 
 namespace tagrix {
 namespace {
 
 // Passes on what a system call returns, unless it failed.
 template <typename Result>
-Result Check(Result result, const wchar_t* operation, const std::wstring& path) {
-  if (result < 0) throw Failure(operation, path, Widen(std::strerror(errno)));
+Result Check(Result result, Action action, const std::wstring& path) {
+  if (result < 0) throw Failure(action, path, Widen(std::strerror(errno)));
   return result;
 }
 
@@ -48,22 +48,22 @@ class LinuxFile : public File {
 
   std::uint64_t Size() override {
     struct stat status;
-    Check(fstat(file_, &status), L"Size", path_);
+    Check(fstat(file_, &status), Action::Read, path_);
     return static_cast<std::uint64_t>(status.st_size);
   }
   std::size_t Read(std::uint64_t offset, char* buffer, std::size_t count) override {
     const auto at = static_cast<off_t>(offset);
-    return static_cast<std::size_t>(Check(pread(file_, buffer, count, at), L"Read", path_));
+    return static_cast<std::size_t>(Check(pread(file_, buffer, count, at), Action::Read, path_));
   }
   void Write(std::uint64_t offset, std::string_view bytes) override {
     while (!bytes.empty()) {
       const auto at = static_cast<off_t>(offset);
-      const auto written = Check(pwrite(file_, bytes.data(), bytes.size(), at), L"Write", path_);
+      const auto written = Check(pwrite(file_, bytes.data(), bytes.size(), at), Action::Write, path_);
       offset += static_cast<std::uint64_t>(written);
       bytes.remove_prefix(static_cast<std::size_t>(written));
     }
   }
-  void Flush() override { Check(fsync(file_), L"Flush", path_); }
+  void Flush() override { Check(fsync(file_), Action::Write, path_); }
 
  private:
   int file_;
@@ -82,34 +82,34 @@ class LinuxFiles : public Files {
     return info;
   }
 
-  std::unique_ptr<File> OpenForReading(const std::wstring& path) override { return Open(L"Open", path, O_RDONLY); }
+  std::unique_ptr<File> OpenForReading(const std::wstring& path) override { return Open(Action::Open, path, O_RDONLY); }
 
-  std::unique_ptr<File> OpenForWriting(const std::wstring& path) override { return Open(L"Open", path, O_RDWR); }
+  std::unique_ptr<File> OpenForWriting(const std::wstring& path) override { return Open(Action::Open, path, O_RDWR); }
 
   std::unique_ptr<File> Create(const std::wstring& path) override {
-    return Open(L"Create", path, O_RDWR | O_CREAT | O_TRUNC);
+    return Open(Action::Create, path, O_RDWR | O_CREAT | O_TRUNC);
   }
 
   void Rename(const std::wstring& from, const std::wstring& to) override {
     const std::string source = LinuxPath(from), target = LinuxPath(to);
     if (source == target) return;
-    Check(renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE), L"Rename", from);
+    Check(renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE), Action::Rename, from);
   }
 
   void Replace(const std::wstring& from, const std::wstring& over) override {
-    Check(rename(LinuxPath(from).c_str(), LinuxPath(over).c_str()), L"Replace", over);
+    Check(rename(LinuxPath(from).c_str(), LinuxPath(over).c_str()), Action::Replace, over);
   }
 
-  void Delete(const std::wstring& path) override { Check(unlink(LinuxPath(path).c_str()), L"Delete", path); }
+  void Delete(const std::wstring& path) override { Check(unlink(LinuxPath(path).c_str()), Action::Delete, path); }
 
   void CreateFolder(const std::wstring& path) override {
-    Check(mkdir(LinuxPath(path).c_str(), 0755), L"Create folder", path);
+    Check(mkdir(LinuxPath(path).c_str(), 0755), Action::CreateFolder, path);
   }
 
   void List(const std::wstring& folder, const std::wstring& pattern,
             const std::function<bool(const FileInfo&)>& entry) override {
     const std::unique_ptr<DIR, CloseFolder> listed(opendir(LinuxPath(folder).c_str()));
-    Check(listed ? 0 : -1, L"List", folder);
+    Check(listed ? 0 : -1, Action::List, folder);
     const std::string wanted(pattern.begin(), pattern.end());
     FileInfo info;
     while (const dirent* found = readdir(listed.get())) {
@@ -144,8 +144,8 @@ class LinuxFiles : public Files {
     return result;
   }
 
-  std::unique_ptr<File> Open(const wchar_t* operation, const std::wstring& path, int flags) const {
-    const int file = Check(open(LinuxPath(path).c_str(), flags | O_CLOEXEC, 0644), operation, path);
+  std::unique_ptr<File> Open(Action action, const std::wstring& path, int flags) const {
+    const int file = Check(open(LinuxPath(path).c_str(), flags | O_CLOEXEC, 0644), action, path);
     return std::make_unique<LinuxFile>(file, path);
   }
 

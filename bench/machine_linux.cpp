@@ -2,7 +2,7 @@
 
 #include "bench/linux_files.h"
 #include "bench/machine.h"
-#include "fakes/posix_socket.h"
+#include "bench/posix_socket.h"
 
 namespace tagrix {
 namespace {

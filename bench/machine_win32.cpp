@@ -4,11 +4,11 @@
 // Needs windows.h before it.
 #include <psapi.h>
 
+#include "base/text.h"
 #include "bench/machine.h"
-#include "core/text.h"
-#include "win32/event_loop.h"
-#include "win32/files.h"
-#include "win32/tcp_socket.h"
+#include "win32/ports/files.h"
+#include "win32/ports/tcp_socket.h"
+#include "win32/windows/event_loop.h"
 
 namespace tagrix {
 namespace {

@@ -1,7 +1,7 @@
 // measure FOLDER: GetMP3Duration of every MP3 file.
 #include "audio/mp3.h"
+#include "base/text.h"
 #include "bench/machine.h"
-#include "core/text.h"
 
 int main(int, char** arguments) {
   const tagrix::RealFolder folder = tagrix::OpenFolder(arguments[1]);

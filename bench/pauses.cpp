@@ -4,10 +4,12 @@
 #include "album/album_page.h"
 #include "album/fetch.h"
 #include "album/search.h"
+#include "audio/measure.h"
+#include "base/text.h"
 #include "bench/machine.h"
-#include "core/text.h"
-#include "dialogs/comparison.h"
+#include "core/long_work.h"
 #include "fakes/fakes.h"
+#include "freedb/freedb_source.h"
 #include "tags/id3tag.h"
 #include "tools/bulk/bulk_mod.h"
 #include "tools/lister/catalogue.h"
@@ -61,7 +63,7 @@ struct Watched {
   RealNetwork network = OpenNetwork();
   WatchedEvents events{*network.events};
   Context context{Ports{*folder.files, fakes.registry, fakes.codePage, events, fakes.clock, fakes.shell, fakes.prompts,
-                        *network.socket, fakes.ftp},
+                        *network.socket, fakes.ftp, fakes.https},
                   L"C:\\Tagrix"};
 };
 
@@ -69,22 +71,24 @@ struct Watched {
 void WorkOnTree(const std::string& path) {
   Watched tree(path);
   tree.events.Watch("catalogue", [&] {
-    WriteCatalogue(tree.context, {.input = tree.folder.path,
-                                  .target = tree.folder.path + L"catalogue.txt",
-                                  .pattern = L"[%3] %1%2 (%4)",
-                                  .formats = {L"MP3"},
-                                  .recurse = true});
+    LongWork work(tree.context);
+    WriteCatalogue(*tree.folder.files, tree.fakes.codePage,
+                   {.input = tree.folder.path,
+                    .target = tree.folder.path + L"catalogue.txt",
+                    .pattern = L"[%3] %1%2 (%4)",
+                    .formats = {L"MP3"},
+                    .recurse = true},
+                   work);
   });
-  tree.context.settings.Put(L"LastDir", tree.folder.path);
+  tree.context.settings.Put(setting::kLastDir, tree.folder.path);
   BulkPage page;
   InitBulkPage(page, tree.context);
   page.space_chk.Click();
   tree.fakes.prompts.dialogs.emplace_back([&](Form& chooser) {
     Find<CheckBox>(chooser.layout, "recurse_chk").Click();
-    auto& ok = Find<Button>(chooser.layout, "ok_btn");
-    tree.events.Watch("add", [&] { ok.Click(); });
+    Find<Button>(chooser.layout, "ok_btn").Click();
   });
-  page.addfolder_btn.Click();
+  tree.events.Watch("add", [&] { page.addfolder_btn.Click(); });
   tree.events.Watch("rename", [&] { page.bulk_go_btn.Click(); });
   tree.events.Watch("undo", [&] { page.bulk_undo_btn.Click(); });
 }
@@ -93,30 +97,39 @@ void TagFiles(const std::string& path) {
   Watched large(path);
   const TagFields fields{L"A title", L"7", L"An artist", L"An album", L"1974", L"A comment", L"Rock"};
   for (const std::string& name : Mp3Names(path)) {
-    large.events.Watch("tag", [&] { WriteTags(large.context, fields, large.folder.path + Widen(name), true, true); });
+    large.events.Watch("tag", [&] {
+      LongWork work(large.context);
+      WriteTags({*large.folder.files, large.fakes.codePage, {}}, fields, large.folder.path + Widen(name), true, true,
+                work);
+    });
   }
 }
 
 void MeasureFiles(const std::string& path) {
   Watched silent(path);
   for (const std::string& name : Mp3Names(path)) {
-    silent.events.Watch("measure", [&] { MeasureFile(silent.context, silent.folder.path + Widen(name)); });
+    silent.events.Watch("measure", [&] {
+      MeasureFile(*silent.folder.files, silent.folder.path + Widen(name), [&] { silent.events.DoEvents(); });
+    });
   }
 }
 
 // Lists what a server answers that has the same page for all.
 void Search(const wchar_t* port) {
   Watched web(".");
-  web.context.settings.Put(L"UseProxy", L"1");
-  web.context.settings.Put(L"ProxyName", L"127.0.0.1");
-  web.context.settings.Put(L"ProxyPort", port);
+  Settings& settings = web.context.settings;
+  settings.Put(setting::kUseProxy, true);
+  settings.Put(setting::kProxyName, L"127.0.0.1");
+  settings.Put(setting::kProxyPort, port);
   AlbumPage page;
-  HttpClient http(web.context);
-  page.query_txt.SetText(L"paper lanterns");
-  web.events.Watch("search", [&] { SearchAlbums(page, web.context, http, true); });
+  HttpClient http({*web.network.socket, web.events, web.fakes.codePage, settings});
+  FreeDbSource freeDb(http, web.fakes.codePage, settings);
+  const SourceList sources{{kFreeDbName, freeDb}};
+  page.session.words = L"paper lanterns";
+  web.events.Watch("search", [&] { SearchAlbums(page, web.context, sources, true); });
   std::printf("hits %d\n", page.resalb_lst.Count());
   page.resalb_lst.SelectOnly(0);
-  web.events.Watch("record", [&] { FetchAlbum(page, web.context, http); });
+  web.events.Watch("record", [&] { FetchAlbum(page, web.context, sources); });
   std::printf("tracks %d\n", page.tracks_lst.Count());
 }
 

@@ -1,103 +1,119 @@
-// A disc server for the loopback: a folder of records behind the two faces of a disc database, as web site and as
-// proxy.
-#include <httplib.h>
+// The command line of the disc server.
+#include <sqlite3.h>
+#include <unistd.h>
 
 #include <charconv>
+#include <csignal>
 #include <exception>
 #include <iostream>
+#include <optional>
 #include <string>
+#include <vector>
 
-#include "answers.h"
-#include "record_store.h"
+#include "discserver/http_server.h"
+#include "discserver/import.h"
+#include "discserver/store.h"
 
 namespace {
 
-// Clients may hold a port as a signed 16-bit integer.
-constexpr int kFirstPort = 18080, kLastPort = 32767;
+constexpr const char* kUsage =
+    "usage: discserver import [--database FILE] ARCHIVE...\n"
+    "       discserver serve [--database FILE] [--address ADDRESS] [--port NUMBER]\n"
+    "\n"
+    "import  adds the disc records of archives (tar, also compressed, or folders) to\n"
+    "        the database; a record that is there already is replaced by a higher\n"
+    "        revision only\n"
+    "serve   answers searches and reads over HTTP until it is ended; prints its address\n"
+    "\n"
+    "--database FILE    default: discs.db\n"
+    "--address ADDRESS  default: 127.0.0.1; 0.0.0.0 or :: for all clients of the network\n"
+    "--port NUMBER      default: the first free one from 18080\n";
 
 struct Options {
-  int port = 0;  // 0: the first free one
-  std::string folder;
+  std::string database = "discs.db", address = "127.0.0.1";
+  int port = 0;
+  std::vector<std::string> words;  // the command and its archives
 };
 
-bool ReadOptions(int count, char** arguments, Options& options) {
-  for (int i = 1; i < count; ++i) {
-    const std::string argument = arguments[i];
-    if (argument == "--port" && i + 1 < count) {
-      const std::string number = arguments[++i];
-      const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), options.port);
-      if (error != std::errc() || *end != '\0' || options.port < 0 || options.port > 65535) return false;
-    } else if (options.folder.empty() && !argument.starts_with("-")) {
-      options.folder = argument;
+// Nothing when the command line makes no sense.
+std::optional<Options> ReadOptions(const std::vector<std::string>& arguments) {
+  Options options;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string& argument = arguments[i];
+    if (!argument.starts_with("--")) {
+      options.words.push_back(argument);
+      continue;
+    }
+    if (++i == arguments.size()) return std::nullopt;
+    const std::string& value = arguments[i];
+    if (argument == "--database") {
+      options.database = value;
+    } else if (argument == "--address") {
+      options.address = value;
+    } else if (argument == "--port") {
+      const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), options.port);
+      if (error != std::errc() || *end != '\0' || options.port < 1 || options.port > 65535) return std::nullopt;
     } else {
-      return false;
+      return std::nullopt;
     }
   }
-  return !options.folder.empty();
+  return options;
 }
 
-// The address that a request was sent to, "http://host": a proxy gets it in the request line, a web site by the header.
-std::string WebSite(const httplib::Request& request) {
-  const std::string scheme = "http://";
-  if (request.path.starts_with(scheme)) return request.path.substr(0, request.path.find('/', scheme.size()));
-  return scheme + request.get_header_value("Host");
+void Print(const discserver::ImportCounts& counts, bool last) {
+  // On a terminal the line is written over and over.
+  const bool terminal = isatty(STDERR_FILENO) != 0;
+  if (!terminal && !last) return;
+  std::cerr << (terminal ? "\r" : "") << counts.added << " records added, " << counts.revised << " revised, "
+            << counts.known << " known, " << counts.skipped << " other files" << (last ? "\n" : "") << std::flush;
 }
 
-void Serve(httplib::Server& server, const std::vector<discserver::Record>& records) {
-  const std::string anyHost = "(?:http://[^/]*)?";
-  server.Get(anyHost + R"(/freedb_search\.php)", [&](const httplib::Request& request, httplib::Response& response) {
-    response.set_content(discserver::SearchPage(records, WebSite(request), request.get_param_value("words")),
-                         "text/html; charset=ISO-8859-1");
-  });
-  server.Get(anyHost + R"(/~cddb/cddb\.cgi)", [&](const httplib::Request& request, httplib::Response& response) {
-    response.set_content(
-        discserver::CddbReply(records, request.get_param_value("cmd"), request.get_param_value("hello")),
-        "text/plain; charset=ISO-8859-1");
-  });
-}
-
-// Binds the port asked for, or the first free one. Returns it, 0 when it is taken.
-int Bind(httplib::Server& server, const std::string& host, int port) {
-  // Without the library's own option, by which two servers may share a port.
-  server.set_socket_options([](socket_t socket) {
-    const int yes = 1;
-    setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
-  });
-  if (port != 0) return server.bind_to_port(host, port) ? port : 0;
-  for (port = kFirstPort; port <= kLastPort; ++port) {
-    if (server.bind_to_port(host, port)) return port;
+int Import(const Options& options) {
+  discserver::ImportCounts latest;
+  try {
+    latest = discserver::Import({options.words.begin() + 1, options.words.end()}, options.database,
+                                [&latest](const discserver::ImportCounts& counts) { Print(latest = counts, false); });
+  } catch (const std::exception&) {
+    Print(latest, true);
+    throw;
   }
+  Print(latest, true);
   return 0;
 }
 
-int Run(const Options& options) {
-  const std::vector<discserver::Record> records = discserver::LoadRecords(options.folder);
-  httplib::Server server;
-  Serve(server, records);
-  server.set_keep_alive_max_count(1);
-  const std::string host = "127.0.0.1";
-  const int port = Bind(server, host, options.port);
-  if (port == 0) {
-    std::cerr << "discserver: port " << options.port << " is not free\n";
-    return 1;
-  }
-  std::cout << records.size() << " records on http://" << host << ":" << port << std::endl;
-  return server.listen_after_bind() ? 0 : 1;
+int Serve(const Options& options) {
+  // Blocked before any thread begins, so that they come here.
+  sigset_t ends;
+  sigemptyset(&ends);
+  sigaddset(&ends, SIGTERM);
+  sigaddset(&ends, SIGINT);
+  sigprocmask(SIG_BLOCK, &ends, nullptr);
+  std::signal(SIGPIPE, SIG_IGN);
+
+  std::int64_t records = 0;
+  for (const auto& [category, discs] : discserver::Store(options.database).Categories()) records += discs;
+  const discserver::HttpServer server(options.database, options.address, options.port);
+  const bool ipv6 = options.address.find(':') != std::string::npos;
+  std::cout << records << " records on http://" << (ipv6 ? "[" : "") << options.address << (ipv6 ? "]" : "") << ":"
+            << server.Port() << std::endl;
+  int signal = 0;
+  sigwait(&ends, &signal);
+  return 0;
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-  Options options;
-  if (!ReadOptions(count, arguments, options)) {
-    std::cerr << "usage: discserver [--port NUMBER] FOLDER\n"
-                 "Serves FOLDER/CATEGORY/DISCID on the loopback; prints the address.\n";
-    return 2;
-  }
+  const auto options = ReadOptions({arguments + 1, arguments + count});
+  // The counts of SQLite's memory cost its threads a lock.
+  sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
   try {
-    return Run(options);
+    if (options && options->words.size() > 1 && options->words[0] == "import") return Import(*options);
+    if (options && options->words == std::vector<std::string>{"serve"}) return Serve(*options);
   } catch (const std::exception& error) {
     std::cerr << "discserver: " << error.what() << "\n";
     return 1;
   }
+  std::cerr << kUsage;
+  return 2;
 }

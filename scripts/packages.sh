@@ -40,7 +40,8 @@ apt_get() {
 # The build tool that is there.
 generator() { command -v ninja >/dev/null && echo Ninja || echo "Unix Makefiles"; }
 
-native_packages=(g++:g++ cmake:cmake googletest:/usr/src/googletest/CMakeLists.txt)
+native_packages=(g++:g++ cmake:cmake googletest:/usr/src/googletest/CMakeLists.txt
+                 nlohmann-json3-dev:/usr/include/nlohmann/json.hpp)
 present make || native_packages+=(ninja-build:ninja)
 windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix
                   wine:wine wine64:/usr/lib/wine/wine64 xvfb:Xvfb
@@ -48,5 +49,8 @@ windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix
                   libxrandr2:/usr/lib/*/libXrandr.so.2 libxi6:/usr/lib/*/libXi.so.6
                   fonts-wine:/usr/share/wine/fonts/tahoma.ttf
                   fonts-liberation:/usr/share/fonts/truetype/liberation)
-disc_server_packages=(libcpp-httplib-dev:/usr/include/httplib.h pkg-config:pkg-config)
+disc_server_packages=(libsqlite3-dev:/usr/include/sqlite3.h libarchive-dev:/usr/include/archive.h
+                      libmicrohttpd-dev:/usr/include/microhttpd.h
+                      pkg-config:pkg-config)
 music_packages=(lame:lame sox:sox)
+fuzz_packages=(clang-14:clang-14 libclang-rt-14-dev:/usr/lib/llvm-14/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a)

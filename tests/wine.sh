@@ -4,7 +4,7 @@
 # and what else runs in the prefix ends with it.
 set -eu
 : "${WINEPREFIX:?names the prefix to run in}"
-export WINEPREFIX WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree=;mshtml="
+export WINEPREFIX WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe="
 
 if [ -z "${DISPLAY:-}" ]; then
   exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1280x960x24 -nolisten tcp 2>/dev/null)
@@ -14,15 +14,19 @@ if [ -z "${DISPLAY:-}" ]; then
   export DISPLAY=":$DISPLAY"
 fi
 
+# What makes the prefix doesn't inherit the lock, which it would keep if it hung.
 (
   flock 9
   if [ ! -e "$WINEPREFIX/unmanaged" ]; then
     mkdir -p "$WINEPREFIX/drive_c"
     echo TAGRIX > "$WINEPREFIX/drive_c/.windows-label"
-    wineboot --init >/dev/null 2>&1
-    # No window manager runs on these screens: Wine would wait two seconds for it whenever a window closes.
-    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
-    wineserver --wait
+    {
+      wineserver --kill || true  # left over from an attempt that hung
+      wineboot --init >/dev/null 2>&1
+      # No window manager runs on these screens: Wine would wait two seconds for it whenever a window closes.
+      wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
+      wineserver --wait
+    } 9>&-
     touch "$WINEPREFIX/unmanaged"
   fi
 ) 9>"$WINEPREFIX.lock"

@@ -1,20 +1,8 @@
 #include "album/album_page.h"
 
-#include <memory>
-
-#include "album/apply.h"
-#include "album/fetch.h"
-#include "album/file_list.h"
-#include "album/search.h"
-#include "album/undo.h"
-#include "core/dispatch.h"
-#include "core/helpers.h"
 #include "core/messages.h"
-#include "core/rename_pattern.h"
-#include "dialogs/genre.h"
-#include "dialogs/statistics.h"
-#include "dialogs/trackedit.h"
-#include "freedb/http_client.h"
+#include "core/notices.h"
+#include "session/rename_pattern.h"
 
 namespace tagrix {
 namespace {
@@ -58,56 +46,11 @@ Node Doing(AlbumPage& page) {
   return Row({Stretch(1, options), steps});
 }
 
-void WireFileList(AlbumPage& page, Context& context) {
-  page.browse_btn.clicked = Command(context, [&] { BrowseClicked(page, context); });
-  page.up_btn.clicked = Command(context, [&] { MoveUp(page); });
-  page.down_btn.clicked = Command(context, [&] { MoveDown(page); });
-  page.delete_btn.clicked = Command(context, [&] { DeleteSelected(page); });
-  page.clear_btn.clicked = Command(context, [&] { ClearFiles(page); });
-  page.ghost_btn.clicked = Command(context, [&] { AddFakes(page, 1); });
-  page.autosort_btn.clicked = Command(context, [&] { AutoSortClicked(page, context); });
-  page.info_btn.clicked =
-      Command(context, [&] { ShowStatistics(context, page.path_txt.Text(), page.mp3_lst, page.new_lst); });
-  page.mp3_lst.selectionChanged = Notice(context, [&] { UpdateFileButtons(page); });
-  page.mp3_lst.dragged = Command(context, [&](int from, int to) { DragEntry(page, from, to); });
-  page.mp3_lst.keyPressed = Command(context, [&](ListKey key) {
-    if (key == ListKey::Delete) DeleteSelected(page);
-    if (key == ListKey::MoveUp) MoveUp(page);
-    if (key == ListKey::MoveDown) MoveDown(page);
-  });
-}
-
-void WireDisc(AlbumPage& page, Context& context) {
-  // Listens to the socket for as long as the handlers that use it are there.
-  const auto http = std::make_shared<HttpClient>(context);
-  page.go_btn.clicked = Command(context, [&, http] { GoClicked(page, context, *http); });
-  page.more_btn.clicked = Command(context, [&, http] { MoreClicked(page, context, *http); });
-  page.fetch_btn.clicked = Command(context, [&, http] { FetchAlbum(page, context, *http); });
-  page.resalb_lst.doubleClicked = [&](int) { page.fetch_btn.Click(); };
-  page.tracks_lst.doubleClicked = Command(context, [&](int) { EditTrackName(context, page.tracks_lst, page.new_lst); });
-  page.helpgenre_btn.clicked = Command(context, [&] { ChooseGenre(context, page.genre_txt); });
-  page.apply_btn.clicked = Command(context, [&] { ApplyClicked(page, context); });
-  page.undo_btn.clicked = Command(context, [&] { UndoClicked(page, context); });
-}
-
 }  // namespace
 
 Node AlbumLayout(AlbumPage& page) {
   const Node folder = Row({Stretch(1, page.path_txt), page.browse_btn});
   return Framed(page.session_frm, Column({folder, Results(page), Stretch(1, Match(page)), Doing(page)}));
-}
-
-void InitAlbumPage(AlbumPage& page, Context& context) {
-  WireFileList(page, context);
-  WireDisc(page, context);
-  page.path_txt.SetReadOnly(true);  // always the folder that the files were read from
-  page.mp3_lst.itemTooltips = page.tracks_lst.itemTooltips = page.resalb_lst.itemTooltips = true;
-  page.mp3_lst.mark = [&](int i) { return IsFakeTrack(page.mp3_lst.ItemText(i)) ? RowMark::Dim : RowMark::None; };
-  page.up_btn.SetImage(context.programFolder + L"\\skin\\up.ico", 16);
-  page.down_btn.SetImage(context.programFolder + L"\\skin\\down.ico", 16);
-  for (CheckBox* option : {&page.ren_chk, &page.pls_chk, &page.ID3v2_chk, &page.ID3v1_chk}) option->SetChecked(true);
-  for (Button* button : {&page.more_btn, &page.fetch_btn, &page.apply_btn, &page.undo_btn}) button->SetEnabled(false);
-  UpdateFileButtons(page);
 }
 
 void TranslateAlbumPage(AlbumPage& page, Context& context) {
@@ -127,8 +70,9 @@ void TranslateAlbumPage(AlbumPage& page, Context& context) {
   page.fetch_btn.SetText(L"2 - " + context.Text(message::kRetrieve));
   page.apply_btn.SetText(L"3 - " + context.Text(message::kApply));
   // The settings page is the one that changes the patterns, and translates the window afterwards.
-  page.test_lbl.SetText(PatternSample(RenamePattern(context), CurrentYear(context)));
-  page.pls_lbl.SetText(PlaylistSample(PlaylistPattern(context), CurrentYear(context)));
+  const std::wstring year = std::to_wstring(context.clock.CurrentYear());
+  page.test_lbl.SetText(PatternSample(context.settings.Get(setting::kPattern), year));
+  page.pls_lbl.SetText(PlaylistSample(context.settings.Get(setting::kPlaylist), year));
 }
 
 }  // namespace tagrix

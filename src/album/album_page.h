@@ -2,22 +2,20 @@
 #ifndef TAGRIX_ALBUM_ALBUM_PAGE_H
 #define TAGRIX_ALBUM_ALBUM_PAGE_H
 
-#include <string>
-
 #include "core/context.h"
-#include "core/session.h"
 #include "forms/buttons.h"
 #include "forms/layout.h"
 #include "forms/lists.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
+#include "session/album_session.h"
 
 namespace tagrix {
 
-// The lists hold the session: position i of `mp3_lst` belongs to position i of `new_lst` and `tracks_lst`.
+// The lists show the session: position i of `mp3_lst` belongs to position i of `tracks_lst`.
 struct AlbumPage {
   Frame session_frm{"session_frm"};  // around everything, not drawn: disabled while the session is being applied
 
-  // Files: names with extension and without folder; value = duration in milliseconds, 0 unknown.
+  // Files: names with extension and without folder.
   Frame files_frm{"album_files_frm"};
   TextBox path_txt{"path_txt"};
   ListBox mp3_lst{"mp3_lst", true};
@@ -44,18 +42,11 @@ struct AlbumPage {
   Frame steps_frm{"steps_frm"};
   Button go_btn{"go_btn"}, fetch_btn{"fetch_btn"}, apply_btn{"apply_btn"}, undo_btn{"undo_btn"};
 
-  // Never shown.
-  ListBox new_lst{"new_lst"};    // track titles; value = length in CD frames (1/75 second), 0 unknown
-  ListBox undo_lst{"undo_lst"};  // former names of the entries of mp3_lst
-  ListBox categ_lst{"categ_lst"}, discid_lst{"discid_lst"};  // of each entry of resalb_lst
-  TextBox query_txt{"query_txt"};                            // the search words
-  std::wstring format = L"MP3";                              // the file type chosen with the folder
+  AlbumSession session;
 };
 
 // Where the page's controls stand.
 Node AlbumLayout(AlbumPage& page);
-// Wires the events and sets the state at start.
-void InitAlbumPage(AlbumPage& page, Context& context);
 // Sets the captions from the language texts.
 void TranslateAlbumPage(AlbumPage& page, Context& context);
 

@@ -1,68 +1,70 @@
 #include "album/fetch.h"
 
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "album/file_list.h"
-#include "album/search.h"
-#include "core/dispatch.h"
-#include "core/helpers.h"
+#include "album/source_notices.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "core/text.h"
-#include "freedb/cddb.h"
+#include "dialogs/trackedit.h"
 
 namespace tagrix {
 namespace {
 
-// Fills artist, album, year and `new_lst`. False when no record came; what was filled before stays then.
-bool ReadDisc(AlbumPage& page, Context& context, HttpClient& http, int album) {
-  page.new_lst.Clear();
-  std::wstring url = CddbReadUrl(context.settings, page.categ_lst.ItemText(album), page.discid_lst.ItemText(album));
-  const auto disc = ParseDiscRecord(http.GetWebSite(url));
-  http.ErrorOccured();
-  if (!disc) return false;
-  const auto text = [&](const std::string& bytes) { return context.codePage.ToText(bytes); };
-  page.artist_txt.SetText(text(disc->artist));
-  page.album_txt.SetText(text(disc->album));
-  page.year_txt.SetText(disc->year ? text(*disc->year) : CurrentYear(context));
-  for (const DiscTrack& track : disc->tracks) page.new_lst.Add(text(track.title), track.frames);
-  return true;
-}
-
-void ShowTracks(AlbumPage& page) {
-  page.tracks_lst.Clear();
+void ShowDisc(AlbumPage& page, Context& context) {
+  const Disc& disc = page.session.disc;
+  page.artist_txt.SetText(disc.artist);
+  page.album_txt.SetText(disc.album);
+  page.year_txt.SetText(disc.year ? *disc.year : std::to_wstring(context.clock.CurrentYear()));
+  page.genre_txt.SetText(disc.genre);
   std::vector<std::wstring> lines;
-  lines.reserve(static_cast<size_t>(page.new_lst.Count()));
-  for (int i = 0; i < page.new_lst.Count(); ++i) {
-    lines.push_back(L"[" + TwoDigits(i + 1) + L"] " + page.new_lst.ItemText(i));
-  }
+  lines.reserve(disc.tracks.size());
+  for (int i = 0; i < TrackCount(page.session); ++i) lines.push_back(TrackLine(page.session, i));
+  page.tracks_lst.Clear();
   page.tracks_lst.Append(std::move(lines));
 }
 
 void OfferFakes(AlbumPage& page, Context& context) {
-  const int missing = page.tracks_lst.Count() - page.mp3_lst.Count();
+  const int missing = TrackCount(page.session) - FileCount(page.session);
   if (missing <= 0 || !context.prompts.Question(context.Text(message::kOfferFakes))) return;
   AddFakes(page, missing);
 }
 
+// Without a record nothing of the former one is left to be applied.
+void ReadDisc(AlbumPage& page, Context& context, const NamedSource& asked, const DiscHit& hit, Progress& progress) {
+  page.session.disc.tracks.clear();
+  page.tracks_lst.Clear();
+  page.apply_btn.SetEnabled(false);
+  std::optional<Disc> disc;
+  const SourceReply reply = asked.source.Read(hit, disc, progress);
+  if (!disc) return ShowNoAnswer(context, asked.name, reply, context.Text(message::kReadFailed));
+  page.session.disc = std::move(*disc);
+  ShowDisc(page, context);
+  page.apply_btn.SetEnabled(true);
+  OfferFakes(page, context);
+}
+
 }  // namespace
 
-void FetchAlbum(AlbumPage& page, Context& context, HttpClient& http) {
+void FetchAlbum(AlbumPage& page, Context& context, const SourceList& sources) {
   const int album = page.resalb_lst.SelectedIndex();
   if (album < 0) return;
-  const RestoreOnFailure restore{&page.fetch_btn, &page.go_btn, &page.more_btn};
-  context.cancelled = false;
-  for (Button* button : {&page.fetch_btn, &page.apply_btn, &page.go_btn, &page.more_btn}) button->SetEnabled(false);
-  SetStatus(context, kContacting);
-  if (ReadDisc(page, context, http, album)) {
-    page.apply_btn.SetEnabled(true);
-    page.genre_txt.SetText(page.categ_lst.ItemText(album));
-    ShowTracks(page);
-    OfferFakes(page, context);
-  } else {
-    context.prompts.Message(context.Text(message::kReadFailed));
+  {
+    LongWork work(context, {&page.fetch_btn, &page.go_btn, &page.more_btn});
+    const NamedSource& asked = SourceCalled(sources, page.session.source);
+    work.Status(Contacting(context, asked.name));
+    ReadDisc(page, context, asked, page.session.hits.at(static_cast<std::size_t>(album)), work);
   }
-  SetStatus(context, L"");
-  for (Button* button : {&page.fetch_btn, &page.more_btn, &page.go_btn}) button->SetEnabled(true);
+  page.more_btn.SetEnabled(true);
+}
+
+void EditTrack(AlbumPage& page, Context& context) {
+  const int i = page.tracks_lst.SelectedIndex();
+  if (i < 0 || !EditTrackName(context, page.session.disc.tracks.at(static_cast<std::size_t>(i)))) return;
+  page.tracks_lst.SetItemText(i, TrackLine(page.session, i));
 }
 
 }  // namespace tagrix

@@ -5,9 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/helpers.h"
+#include "base/letter_case.h"
 #include "core/messages.h"
-#include "core/text.h"
 #include "dialogs/autosort.h"
 #include "dialogs/folder_chooser.h"
 
@@ -17,35 +16,33 @@ namespace {
 // The journal of the last Apply no longer lines up with the list.
 void ForgetUndo(AlbumPage& page) { page.undo_btn.SetEnabled(false); }
 
+// Brings the list up to date with the session.
+void ShowFiles(AlbumPage& page) {
+  ListBox& list = page.mp3_lst;
+  const std::vector<AlbumFile>& files = page.session.files;
+  if (list.Count() > FileCount(page.session)) list.Clear();
+  int i = 0;
+  for (; i < list.Count(); ++i) list.SetItemText(i, files[static_cast<std::size_t>(i)].name);
+  std::vector<std::wstring> names;
+  for (; i < FileCount(page.session); ++i) names.push_back(files[static_cast<std::size_t>(i)].name);
+  list.Append(std::move(names));
+  UpdateFileButtons(page);
+}
+
 // Nothing of the former album is left to be retrieved or applied.
 void StartOver(AlbumPage& page) {
   ForgetUndo(page);
-  for (ListBox* list : {&page.mp3_lst, &page.resalb_lst, &page.categ_lst, &page.discid_lst, &page.new_lst}) {
-    list->Clear();
-  }
+  page.session = AlbumSession();
+  page.resalb_lst.Clear();
   InitResFrm(page);
-  page.path_txt.SetText(L"");
   for (Button* button : {&page.fetch_btn, &page.apply_btn, &page.more_btn}) button->SetEnabled(false);
-  UpdateFileButtons(page);
 }
 
-// Exchanges texts with one neighbour after the other until the entry has arrived.
 void MoveEntry(AlbumPage& page, int from, int to) {
-  ListBox& list = page.mp3_lst;
-  for (int step = from < to ? 1 : -1; from != to; from += step) {
-    std::wstring neighbour = list.ItemText(from + step);
-    list.SetItemText(from + step, list.ItemText(from));
-    list.SetItemText(from, std::move(neighbour));
-  }
-  list.SelectOnly(to);
+  MoveFile(page.session, from, to);
+  ShowFiles(page);
+  page.mp3_lst.SelectOnly(to);
   UpdateFileButtons(page);
-}
-
-bool HoldsFake(const ListBox& list) {
-  for (int i = 0; i < list.Count(); ++i) {
-    if (IsFakeTrack(list.ItemText(i))) return true;
-  }
-  return false;
 }
 
 void MoveSelected(AlbumPage& page, int by) {
@@ -56,15 +53,19 @@ void MoveSelected(AlbumPage& page, int by) {
 }  // namespace
 
 void BrowseClicked(AlbumPage& page, Context& context) {
+  const auto chosen = ChooseFolder(context, ChooserMode::Album);
+  if (!chosen) return;
+  std::vector<AlbumFile> files = ReadAlbumFolder(context.files, chosen->path, chosen->format);
   StartOver(page);
-  ChooseFolder(context, ChooserMode::Album, {.folder = &page.path_txt, .format = &page.format});
-  if (page.path_txt.Text().empty()) return;
-  const bool taggable = EqualIgnoringCase(page.format, L"mp3");
+  page.session.folder = chosen->path;
+  page.session.format = chosen->format;
+  page.session.files = std::move(files);
+  page.path_txt.SetText(chosen->path);
+  const bool taggable = EqualIgnoringCase(chosen->format, L"mp3");
   page.ID3v1_chk.SetEnabled(taggable);
   page.ID3v2_chk.SetEnabled(taggable);
-  page.mp3_lst.Append(FilesOfFormat(context.files, page.path_txt.Text(), page.format));
-  SortList(page.mp3_lst);
-  UpdateFileButtons(page);
+  page.mp3_lst.Clear();
+  ShowFiles(page);
 }
 
 void MoveUp(AlbumPage& page) { MoveSelected(page, -1); }
@@ -75,7 +76,12 @@ void DeleteSelected(AlbumPage& page) {
   const int first = page.mp3_lst.SelectedIndex();
   if (first < 0) return;
   ForgetUndo(page);
-  page.mp3_lst.RemoveSelected();
+  std::vector<AlbumFile> left;
+  for (int i = 0; i < page.mp3_lst.Count(); ++i) {
+    if (!page.mp3_lst.Selected(i)) left.push_back(std::move(page.session.files[static_cast<std::size_t>(i)]));
+  }
+  page.session.files = std::move(left);
+  ShowFiles(page);
   // What moved up into the gap is next, so that the keyboard goes on from there.
   page.mp3_lst.SelectOnly(std::min(first, page.mp3_lst.Count() - 1));
   UpdateFileButtons(page);
@@ -83,24 +89,23 @@ void DeleteSelected(AlbumPage& page) {
 
 void ClearFiles(AlbumPage& page) {
   ForgetUndo(page);
-  page.mp3_lst.Clear();
-  UpdateFileButtons(page);
+  page.session.files.clear();
+  ShowFiles(page);
 }
 
 void AddFakes(AlbumPage& page, int count) {
-  page.mp3_lst.Append(std::vector<std::wstring>(static_cast<std::size_t>(count), kFakeTrack));
-  UpdateFileButtons(page);
+  AddFakeFiles(page.session, count);
+  ShowFiles(page);
 }
 
 void AutoSortClicked(AlbumPage& page, Context& context) {
-  const ListBox& list = page.mp3_lst;
-  if (list.Count() == 0) return;
-  if (HoldsFake(list) || list.Count() != page.new_lst.Count()) {
+  if (page.session.files.empty()) return;
+  if (!CanBeSorted(page.session)) {
     context.prompts.Message(context.Text(message::kAutoSortGate));
     return;
   }
-  AutoSort(context, page.path_txt.Text(), page.mp3_lst, page.new_lst);
-  UpdateFileButtons(page);
+  AutoSort(context, page.session);
+  ShowFiles(page);
 }
 
 void UpdateFileButtons(AlbumPage& page) {
@@ -116,6 +121,7 @@ void UpdateFileButtons(AlbumPage& page) {
 
 void InitResFrm(AlbumPage& page) {
   for (TextBox* text : {&page.artist_txt, &page.album_txt, &page.genre_txt, &page.year_txt}) text->SetText(L"");
+  page.session.disc = Disc();
   page.tracks_lst.Clear();
 }
 

@@ -6,11 +6,11 @@
 
 namespace tagrix {
 
-// Lets the user choose a folder and lists its files of the chosen type; the session starts over.
+// Lets the user choose a folder and lists its files of the chosen type; the session starts over, unless the user
+// cancels or the folder can't be read.
 void BrowseClicked(AlbumPage& page, Context& context);
 
-// Moves the one selected entry a place up or down. Like a drag it exchanges texts only: the durations stay where they
-// are, and have to be measured again before they are compared.
+// Moves the one selected entry a place up or down.
 void MoveUp(AlbumPage& page);
 void MoveDown(AlbumPage& page);
 // The user drags the entry at `from` over the one at `to`.
@@ -29,7 +29,7 @@ void AutoSortClicked(AlbumPage& page, Context& context);
 // Enables the buttons that depend on what the list holds and what is selected.
 void UpdateFileButtons(AlbumPage& page);
 
-// Empties what the page shows of a disc: artist, album, genre, year and tracks.
+// Empties the disc record: artist, album, genre, year and tracks.
 void InitResFrm(AlbumPage& page);
 
 }  // namespace tagrix

@@ -1,11 +1,16 @@
 #include "app/main_window.h"
 
+#include "album/album_mod.h"
+#include "album/file_list.h"
+#include "base/failure.h"
+#include "base/publisher.h"
+#include "base/text.h"
 #include "core/dispatch.h"
-#include "core/failure.h"
-#include "core/helpers.h"
+#include "core/failure_text.h"
+#include "core/load_language.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "core/publisher.h"
-#include "core/text.h"
+#include "storage/small_files.h"
 #include "tools/about/about_mod.h"
 #include "tools/bulk/bulk_mod.h"
 #include "tools/burn/burn_mod.h"
@@ -45,11 +50,11 @@ MainWindow::MainWindow(Context& shared) : context(shared) {
   }
   ShowPage(0);
   // Not a command: it has to work while one runs.
-  context.cancel_btn.clicked = [this] { context.cancelled = true; };
+  context.cancel_btn.clicked = [this] { CancelWork(context); };
   context.quit = [this] { form.Close(); };
   form.canClose = [this] {
     if (IsBusy(context) || context.running) return false;
-    context.cancelled = true;  // what still waits in the background (a silent update check) ends
+    CancelAllWork(context);  // what still waits in the background (a silent update check) ends
     return true;
   };
   form.shown = [this] { RunNotice(context, [this] { CheckForUpdateAtStart(context); }); };
@@ -72,12 +77,12 @@ bool MainWindow::StartUp() try {
   SetBusy(context, false);
   InitAlbumPage(album, context);
   album.info_btn.SetEnabled(false);
-  if (!FileExists(context, context.programFolder + L"\\" + kEnglishFile)) {
+  if (!FileExists(context.files, context.programFolder + L"\\" + kEnglishFile)) {
     context.prompts.Message(L"Default language file (English) missing !!");
     return false;
   }
   LoadLanguage();
-  if (!FolderExists(context, context.programFolder + L"\\skin")) {
+  if (!FolderExists(context.files, context.programFolder + L"\\skin")) {
     context.prompts.Message(L"default images missing, please reinstall Tagrix");
     return false;
   }
@@ -92,28 +97,33 @@ bool MainWindow::StartUp() try {
   InitPlaylistPage(playlist, context);
   album.fetch_btn.SetEnabled(false);
   album.apply_btn.SetEnabled(false);
-  form.maximised = context.settings.Get(L"Fullscreen") == L"1";
+  form.maximised = context.settings.Get(setting::kFullscreen);
   album.genre_txt.SetText(L"Unknown");
   return true;
 } catch (const EndProgram&) {
   return false;
 } catch (const Failure& failure) {
-  context.prompts.Message(failure.Description());
+  context.prompts.Message(FailureText(context.language, failure));
   return false;
 }
 
 void MainWindow::LoadLanguage() {
   setup.setup_lngcmb.Add(L"English");
   listlangues(context, setup.setup_lngcmb);
-  const std::wstring chosen = Trim(context.settings.Get(L"langue")) + L".lf";
-  const bool usable = chosen.size() > 3 && FileExists(context, context.programFolder + L"\\" + chosen);
-  loadlangue(context, setup.setup_lngcmb, usable ? chosen : kEnglishFile);
+  const std::wstring chosen = context.settings.Get(setting::kLanguage) + L".lf";
+  const bool usable = chosen.size() > 3 && FileExists(context.files, context.programFolder + L"\\" + chosen);
+  try {
+    loadlangue(context, setup.setup_lngcmb, usable ? chosen : kEnglishFile);
+  } catch (const Failure&) {
+    if (!usable) throw;
+    loadlangue(context, setup.setup_lngcmb, kEnglishFile);
+  }
   transme();
 }
 
 void MainWindow::LoadStyles() {
   const std::wstring path = context.programFolder + L"\\styles.dat";
-  if (!FileExists(context, path)) {
+  if (!FileExists(context.files, path)) {
     context.prompts.Message(context.Text(message::kNoStyles));
     album.helpgenre_btn.SetEnabled(false);
     return;

@@ -11,7 +11,7 @@
 #include "tools/bulk/bulk_page.h"
 #include "tools/burn/burn_page.h"
 #include "tools/lister/lister_page.h"
-#include "tools/playlist/playlist_page.h"
+#include "tools/playlist/pls_page.h"
 #include "tools/setup/setup_page.h"
 
 namespace tagrix {

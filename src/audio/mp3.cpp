@@ -8,7 +8,7 @@
 #include <span>
 #include <vector>
 
-#include "core/failure.h"
+#include "base/failure.h"
 
 namespace tagrix {
 namespace {
@@ -52,12 +52,10 @@ std::span<const int> BitRates(std::string_view versionAndLayer) {
 
 double SamplesFactor(std::string_view layer) { return layer == "1" ? 12 : 144; }
 
-Failure CannotMeasure(const std::wstring& path, const wchar_t* reason) {
-  return Failure(L"Measure the playing time", path, reason);
-}
+Failure CannotMeasure(const std::wstring& path, Cause cause) { return Failure(Action::Measure, path, cause); }
 
 int Entry(std::span<const int> table, std::size_t index, const std::wstring& path) {
-  if (index >= table.size()) throw CannotMeasure(path, L"The frame header is not valid.");
+  if (index >= table.size()) throw CannotMeasure(path, Cause::BadHeader);
   return table[index];
 }
 
@@ -115,7 +113,7 @@ std::optional<double> BitRate(const FrameStart& frame, std::uint64_t length, con
   }
   bytes = FourBytes(frame, kXingFrames);
   const auto frames = static_cast<double>(BinToLong(BytesToBin(bytes)));
-  if (frames == 0) throw CannotMeasure(path, L"The Xing header counts no frames.");
+  if (frames == 0) throw CannotMeasure(path, Cause::NoFrames);
   return std::floor(samplingRate * static_cast<double>(length) / frames / 1000 / SamplesFactor(layer));
 }
 
@@ -130,8 +128,8 @@ bool GetMP3Duration(Files& files, const std::wstring& path, double& milliseconds
   const std::optional<double> bitRate = BitRate(*frame, length, path);
   if (!bitRate) return false;
   // The arithmetic is that of 32-bit integers.
-  if (length * 8 > std::numeric_limits<std::int32_t>::max()) throw CannotMeasure(path, L"The file is too large.");
-  if (*bitRate < 1) throw CannotMeasure(path, L"The bit rate is zero.");
+  if (length * 8 > std::numeric_limits<std::int32_t>::max()) throw CannotMeasure(path, Cause::TooLarge);
+  if (*bitRate < 1) throw CannotMeasure(path, Cause::NoBitRate);
   milliseconds = std::floor(static_cast<double>(length * 8) / *bitRate);
   return true;
 }

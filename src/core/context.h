@@ -12,18 +12,21 @@
 #include "core/settings.h"
 #include "forms/buttons.h"
 #include "forms/form.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
 #include "platform/clock.h"
 #include "platform/code_page.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/ftp_client.h"
+#include "platform/https_client.h"
 #include "platform/prompts.h"
 #include "platform/registry.h"
 #include "platform/shell.h"
 #include "platform/tcp_socket.h"
 
 namespace tagrix {
+
+class LongWork;
 
 // The implementations of the ports, chosen by whoever composes the program.
 struct Ports {
@@ -36,6 +39,7 @@ struct Ports {
   Prompts& prompts;
   TcpSocket& socket;
   FtpClient& ftp;
+  HttpsClient& https;
 };
 
 struct Context : Ports {
@@ -48,9 +52,9 @@ struct Context : Ports {
   Language language;
   std::vector<std::wstring> styles;  // genre names; position i names ID3v1 genre 147 - i; at most 148
 
-  bool busy = false;       // SetBusy, IsBusy
-  bool running = false;    // a command is being carried out (core/dispatch.h)
-  bool cancelled = false;  // the cancel flag: raised by cancel_btn, cleared when a cancellable operation starts
+  bool busy = false;             // SetBusy, IsBusy
+  bool running = false;          // a command is being carried out (core/dispatch.h)
+  std::vector<LongWork*> works;  // the long operations under way, the innermost last (core/long_work.h)
 
   // What stands around the pages.
   std::array<Button, 7> page_btn{Button("page_btn0"), Button("page_btn1"), Button("page_btn2"), Button("page_btn3"),
@@ -70,9 +74,6 @@ struct Context : Ports {
 // flag, not a counter.
 void SetBusy(Context& context, bool busy);
 inline bool IsBusy(const Context& context) { return context.busy; }
-
-// Shows a dialog; while it is open its own commands run.
-void ShowModal(Context& context, Form& dialog);
 
 }  // namespace tagrix
 

@@ -2,18 +2,28 @@
 
 #include <exception>
 
-#include "core/failure.h"
-#include "core/helpers.h"
+#include "base/failure.h"
+#include "base/text.h"
+#include "core/failure_text.h"
 #include "core/messages.h"
-#include "core/text.h"
 
 namespace tagrix {
 namespace {
 
+// The flag has another value for as long as this lives.
+class Meanwhile {
+ public:
+  Meanwhile(bool& flag, bool value) : flag_(flag), before_(flag) { flag = value; }
+  ~Meanwhile() { flag_ = before_; }
+  Meanwhile(const Meanwhile&) = delete;
+  Meanwhile& operator=(const Meanwhile&) = delete;
+
+ private:
+  bool& flag_;
+  const bool before_;
+};
+
 void Report(Context& context, const std::wstring& what) {
-  SetBusy(context, false);
-  SetStatus(context, L"");
-  context.progress_box.SetPercent(0);
   context.prompts.Message(context.Text(message::kUnexpectedError) + L"\r\n\r\n" + what);
 }
 
@@ -25,7 +35,7 @@ void RunNotice(Context& context, const std::function<void()>& notice) {
   } catch (const EndProgram&) {
     context.quit();
   } catch (const Failure& failure) {
-    Report(context, failure.Description());
+    Report(context, FailureText(context.language, failure));
   } catch (const std::exception& error) {
     Report(context, Widen(error.what()));
   }
@@ -34,22 +44,14 @@ void RunNotice(Context& context, const std::function<void()>& notice) {
 void RunCommand(Context& context, const std::function<void()>& command) {
   if (context.running) return;
   RunNotice(context, [&] {
-    struct Running {
-      explicit Running(bool& running) : flag(running) { flag = true; }
-      ~Running() { flag = false; }
-      bool& flag;
-    } running(context.running);
+    const Meanwhile running(context.running, true);
     command();
   });
 }
 
-RestoreOnFailure::RestoreOnFailure(std::initializer_list<Control*> controls) : exceptions_(std::uncaught_exceptions()) {
-  for (Control* control : controls) before_.emplace_back(control, control->Enabled());
-}
-
-RestoreOnFailure::~RestoreOnFailure() {
-  if (std::uncaught_exceptions() == exceptions_) return;
-  for (const auto& [control, enabled] : before_) control->SetEnabled(enabled);
+void ShowModal(Context& context, Form& dialog) {
+  const Meanwhile pause(context.running, false);
+  context.prompts.ShowModal(dialog);
 }
 
 }  // namespace tagrix

@@ -16,9 +16,6 @@ inline constexpr int kArtist = 28, kAlbum = 29, kGenre = 30, kYear = 31, kCancel
 
 // About page.
 inline constexpr int kSetupPage = 34, kCheckForUpdates = 35, kSupport = 36, kWebSite = 37, kAboutPage = 38;
-inline constexpr int kPurpose = 104;
-inline constexpr int kAuthors = 106;  // %%1%% who
-inline constexpr int kVersion = 107;  // %%1%% major, %%2%% minor, %%3%% revision
 
 // What Apply and Undo say.
 inline constexpr int kApplying = 40, kNoOption = 41, kCountsDiffer = 42;
@@ -54,7 +51,6 @@ inline constexpr int kUnmerge = 85, kCase = 86, kLowerCase = 87, kUpperCase = 88
 inline constexpr int kSpaces = 91, kMultiSpaces = 92, kCaseFrame = 93, kAddFiles = 94, kAddFolder = 95, kReset = 96;
 inline constexpr int kStart = 97;
 inline constexpr int kBulkSummary = 99;  // %%1%% files renamed, %%2%% files listed
-inline constexpr int kNameBefore = 170, kNameAfter = 171;
 
 // Lister.
 inline constexpr int kInputFolder = 100, kNameColon = 101, kPatternHelp = 102, kRecurseSubfolders = 103;
@@ -75,26 +71,55 @@ inline constexpr int kHttpPort = 138, kTokenLegend = 139, kProxyNameMissing = 14
 // Statistics window.
 inline constexpr int kStatisticsCaption = 142, kMaximumDeviation = 143, kGlobalDeviation = 144;
 inline constexpr int kQuadraticDeviation = 145;
-inline constexpr int kFileColumn = 83, kTimeColumn = 84, kTrackColumn = 151, kDifferenceColumn = 152;
-inline constexpr int kFakeTracks = 153, kDifferenceChart = 154;
-inline constexpr int kMeasuring = 155;  // %%1%% the file's number, %%2%% the number of files
-inline constexpr int kVerdictFits = 156, kVerdictOtherOrder = 157;
-inline constexpr int kVerdictFileMissing = 158;  // %%1%% the track's number
-inline constexpr int kVerdictFileTooMany = 159;  // %%1%% the file's number
-inline constexpr int kVerdictPartlyFits = 160, kVerdictWrongDisc = 161, kVerdictNothing = 162;
-inline constexpr int kUnmeasured = 163, kWithoutFile = 164, kWithoutTrack = 168;
 
 // Burn page.
-inline constexpr int kBurn = 146, kCapacity = 147, kPatternPreview = 148, kBurning = 176;
-inline constexpr int kMoveUp = 140, kMoveDown = 116;
-
-// Updater.
-inline constexpr int kLookingForUpdate = 149;
-inline constexpr int kInstallerNotStarted = 150;  // %%1%% its path
+inline constexpr int kBurn = 146, kCapacity = 147;
 
 inline constexpr int kTitle = 165, kTrackNumber = 166, kNoFiles = 167;
 inline constexpr int kRenameFailed = 169;  // %%FIC%% the new path
 inline constexpr int kBurnTime = 172, kBurnerMissing = 173, kTooLong = 174, kAlbumPage = 175, kCancelled = 177;
+
+// In the companions of the language files: texts of our own beyond those of the language files.
+inline constexpr int kFirstMore = 200;
+
+inline constexpr int kPurpose = 200;
+inline constexpr int kAuthors = 201;  // %%1%% who
+inline constexpr int kVersion = 202;  // %%1%% major, %%2%% minor, %%3%% revision
+
+inline constexpr int kFileColumn = 203, kTimeColumn = 204, kTrackColumn = 205, kDifferenceColumn = 206;
+inline constexpr int kNameBefore = 207, kNameAfter = 208, kMoveUp = 209, kMoveDown = 210;
+
+// Statistics window.
+inline constexpr int kFakeTracks = 211, kDifferenceChart = 212;
+inline constexpr int kMeasuring = 213;  // %%1%% the file's number, %%2%% the number of files
+inline constexpr int kVerdictFits = 214, kVerdictOtherOrder = 215;
+inline constexpr int kVerdictFileMissing = 216;  // %%1%% the track's number
+inline constexpr int kVerdictFileTooMany = 217;  // %%1%% the file's number
+inline constexpr int kVerdictPartlyFits = 218, kVerdictWrongDisc = 219, kVerdictNothing = 220;
+inline constexpr int kUnmeasured = 221, kWithoutFile = 222, kWithoutTrack = 223;
+
+inline constexpr int kLookingForUpdate = 224;
+inline constexpr int kInstallerNotStarted = 225;  // %%1%% its path
+inline constexpr int kBurning = 226;
+
+inline constexpr int kTagFailure = 227;      // %%1%% the file, %%2%% what happened
+inline constexpr int kFoldersNotRead = 228;  // %%1%% their paths, one a line
+inline constexpr int kNoPlaylistName = 229;
+inline constexpr int kNoSuchFolder = 230;  // %%1%% its path
+
+// What could not be done, and why (base/failure.h).
+inline constexpr int kFirstAction = 231;  // in the order of Action
+inline constexpr int kFirstCause = 243;   // in the order of Cause, from the second on
+
+// Sources of discs.
+inline constexpr int kSearchIn = 255, kFreeDbPage = 256;
+inline constexpr int kContactingSource = 257;  // %%1%% the source
+inline constexpr int kNotReached = 258;        // %%1%% the source
+inline constexpr int kRefused = 259;           // %%1%% the source, %%2%% what it says
+inline constexpr int kNoDiscAnswer = 260;      // %%1%% the source
+inline constexpr int kOtherSources = 261, kFreeDbSite = 262, kMusicBrainzServer = 263, kContact = 264;
+
+inline constexpr int kLicences = 265;
 
 }  // namespace tagrix::message
 

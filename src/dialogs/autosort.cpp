@@ -1,14 +1,16 @@
 #include "dialogs/autosort.h"
 
-#include <cstdint>
+#include <numeric>
 #include <utility>
-#include <vector>
 
+#include "audio/measure.h"
+#include "base/times.h"
 #include "core/dispatch.h"
-#include "core/helpers.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "dialogs/comparison.h"
-#include "dialogs/comparison_table.h"
+#include "core/notices.h"
+#include "match/sort_files.h"
+#include "views/comparison_table.h"
 
 namespace tagrix {
 namespace {
@@ -32,86 +34,72 @@ Node Layout(Autosort& dialog) {
                             Row({Spacer(), dialog.ok_btn})}));
 }
 
-void ShowSearch(Autosort& dialog, Context& context, int percent) {
-  dialog.cur_bar.SetPercent(percent);
-  dialog.cur_hst.SetText(std::to_wstring(percent) + L" %");
-  context.events.DoEvents();
-}
-
-// The dialog while it searches: it can't be closed, and there is nothing to confirm.
-class Searching {
- public:
-  explicit Searching(Autosort& dialog) : dialog_(dialog) { Set(true); }
-  ~Searching() { Set(false); }
-  Searching(const Searching&) = delete;
-  Searching& operator=(const Searching&) = delete;
-
- private:
-  void Set(bool searching) {
-    dialog_.searching = searching;
-    dialog_.search_btn.SetEnabled(!searching);
-    dialog_.lst.SetEnabled(!searching);
-    dialog_.cur_bar.SetPercent(0);
-    dialog_.cur_hst.SetText({});
-  }
-  Autosort& dialog_;
-};
-
-void MeasureFiles(Autosort& dialog, Context& context, const std::wstring& folder) {
+void MeasureFiles(Autosort& dialog, Context& context, const AlbumSession& session, Progress& progress) {
   for (int i = 0; i < dialog.lst.Count(); ++i) {
-    ShowSearch(dialog, context, Percentage(i, dialog.lst.Count()));
-    dialog.lst.SetValue(i, MeasureFile(context, folder + L"\\" + dialog.lst.ItemText(i)));
+    progress.Percent(Percentage(i, dialog.lst.Count()));
+    progress.LetEventsRun();
+    const std::wstring path = session.folder + L"\\" + dialog.lst.ItemText(i);
+    dialog.lst.SetValue(i, MeasureFile(context.files, path, [&] { progress.LetEventsRun(); }));
   }
-  context.events.DoEvents();
+  progress.LetEventsRun();
 }
 
-void SortFiles(Autosort& dialog, Context& context, const ListBox& new_lst) {
+void SortList(Autosort& dialog, const AlbumSession& session, Progress& progress) {
   ListBox& lst = dialog.lst;
   const std::vector<std::wstring> names = lst.Texts();
   std::vector<std::int32_t> files, tracks;
   for (int i = 0; i < lst.Count(); ++i) files.push_back(lst.Value(i));
-  for (int i = 0; i < new_lst.Count(); ++i) tracks.push_back(new_lst.Value(i));
+  for (const DiscTrack& track : session.disc.tracks) tracks.push_back(track.frames);
 
-  const std::vector<int> order = MatchFiles(files, tracks, [&](std::size_t done) {
-    ShowSearch(dialog, context, Percentage(static_cast<int>(done), new_lst.Count()));
+  dialog.order = SortFiles(files, tracks, [&](std::size_t done) {
+    progress.Percent(Percentage(static_cast<int>(done), TrackCount(session)));
+    progress.LetEventsRun();
   });
   for (int i = 0; i < lst.Count(); ++i) {
-    const auto from = static_cast<std::size_t>(order[static_cast<std::size_t>(i)]);
+    const auto from = static_cast<std::size_t>(dialog.order[static_cast<std::size_t>(i)]);
     lst.SetItemText(i, names[from]);
     lst.SetValue(i, files[from]);
   }
 }
 
-void CopyTexts(const ListBox& from, ListBox& to) {
-  to.Clear();
-  to.Append(from.Texts());
+void Search(Autosort& dialog, Context& context, const AlbumSession& session) {
+  dialog.ok_btn.SetEnabled(false);
+  {
+    LongWork work(context, {&dialog.search_btn, &dialog.lst}, dialog.cur_bar, &dialog.cur_hst);
+    dialog.lst.Clear();
+    for (const AlbumFile& file : session.files) dialog.lst.Add(file.name);
+    MeasureFiles(dialog, context, session, work);
+    SortList(dialog, session, work);
+  }
+  dialog.ok_btn.SetEnabled(true);
+}
+
+ComparedRow RowAt(const Autosort& dialog, const AlbumSession& session, int i) {
+  const DiscTrack& track = session.disc.tracks.at(static_cast<std::size_t>(i));
+  return {dialog.lst.ItemText(i),
+          track.title,
+          {.hasFile = true,
+           .hasTrack = true,
+           .file = static_cast<double>(dialog.lst.Value(i)),
+           .track = FramesToMilliseconds(track.frames)}};
 }
 
 }  // namespace
 
-void AutoSort(Context& context, const std::wstring& folder, ListBox& mp3_lst, const ListBox& new_lst) {
+void AutoSort(Context& context, AlbumSession& session) {
   Autosort dialog;
   transme(dialog, context);
-  ShowComparison(dialog.lst, context, dialog.lst, new_lst);
+  ShowComparison(dialog.lst, context, [&](int i) { return RowAt(dialog, session, i); });
   dialog.fast_rdo.Choose();
   dialog.ok_btn.SetEnabled(false);
 
-  dialog.search_btn.clicked = Command(context, [&] {
-    dialog.ok_btn.SetEnabled(false);
-    {
-      const Searching searching(dialog);
-      CopyTexts(mp3_lst, dialog.lst);
-      MeasureFiles(dialog, context, folder);
-      SortFiles(dialog, context, new_lst);
-    }
-    dialog.ok_btn.SetEnabled(true);
-  });
+  dialog.search_btn.clicked = Command(context, [&] { Search(dialog, context, session); });
   dialog.ok_btn.clicked = Command(context, [&] {
-    CopyTexts(dialog.lst, mp3_lst);
+    ReorderFiles(session, dialog.order);
     dialog.form.Close();
   });
 
-  dialog.form.canClose = [&] { return !dialog.searching; };
+  dialog.form.canClose = [&] { return !AtWork(context); };
   dialog.form.layout = Layout(dialog);
   dialog.form.firstFocus = &dialog.search_btn;
   dialog.form.startSize = {720, 520};

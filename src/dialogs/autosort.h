@@ -2,13 +2,15 @@
 #ifndef TAGRIX_DIALOGS_AUTOSORT_H
 #define TAGRIX_DIALOGS_AUTOSORT_H
 
-#include <string>
+#include <cstdint>
+#include <vector>
 
 #include "core/context.h"
 #include "forms/buttons.h"
 #include "forms/form.h"
 #include "forms/lists.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
+#include "session/album_session.h"
 
 namespace tagrix {
 
@@ -19,15 +21,15 @@ struct Autosort {
   Button search_btn{"search_btn"}, ok_btn{"ok_btn"};
   ProgressBox cur_bar{"cur_bar"};
   Label cur_hst{"cur_hst", LabelStyle::Literal};
-  ListBox lst{"lst"};  // working copy of the files; value = milliseconds, 0 unknown
+  ListBox lst{"lst"};  // the files in the order found; value = milliseconds, 0 unknown
 
-  bool searching = false;
+  std::vector<int> order;  // where the files of the list stand in the session
   Form form{"Autosort"};
 };
 
-// Lets the user sort `mp3_lst`, file names of `folder`, so that each stands at the place of the track in `new_lst`
-// (values in CD frames) that it fits. The list changes only when the user confirms; its values are 0 then.
-void AutoSort(Context& context, const std::wstring& folder, ListBox& mp3_lst, const ListBox& new_lst);
+// Lets the user sort the session's files so that each stands at the place of the track that it fits. The session
+// changes only when the user confirms.
+void AutoSort(Context& context, AlbumSession& session);
 
 }  // namespace tagrix
 

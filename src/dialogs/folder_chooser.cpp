@@ -1,22 +1,23 @@
 #include "dialogs/folder_chooser.h"
 
 #include <algorithm>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
-#include <vector>
 
+#include "base/failure.h"
+#include "base/letter_case.h"
+#include "base/paths.h"
+#include "base/text.h"
 #include "core/dispatch.h"
-#include "core/failure.h"
-#include "core/helpers.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "core/paths.h"
-#include "core/text.h"
-#include "dialogs/audio_walk.h"
+#include "core/notices.h"
+#include "forms/list_lookups.h"
+#include "storage/small_files.h"
 
 namespace tagrix {
 namespace {
-
-constexpr const wchar_t* kLastDir = L"LastDir";
 
 void transme(Choixrecoldir& dialog, Context& context) {
   dialog.form.caption = context.Text(message::kChooserCaption);
@@ -49,14 +50,14 @@ std::vector<std::wstring> FoldersIn(Files& files, const std::wstring& path) {
 bool OpenOn(Choixrecoldir& dialog, Context& context, std::wstring folder) {
   folder = WithoutBackslash(Trim(folder));
   const std::wstring drive = folder.substr(0, 2);
-  if (!ListContains(dialog.Drive1, drive) || !FolderExists(context, WithBackslash(folder))) return false;
+  if (!ListContains(dialog.Drive1, drive) || !FolderExists(context.files, WithBackslash(folder))) return false;
   dialog.Drive1.SetText(drive);
   dialog.Dir1.SetPath(folder.size() == 2 ? WithBackslash(folder) : folder);
   return true;
 }
 
 void OpenStartFolder(Choixrecoldir& dialog, Context& context) {
-  if (OpenOn(dialog, context, context.settings.Get(kLastDir))) return;
+  if (OpenOn(dialog, context, context.settings.Get(setting::kLastDir))) return;
   if (OpenOn(dialog, context, context.files.MusicFolder())) return;
   if (OpenOn(dialog, context, context.programFolder) || dialog.Drive1.Count() == 0) return;
   dialog.Drive1.Select(0);
@@ -71,42 +72,33 @@ bool PicksFolder(ChooserMode mode) {
   return mode >= ChooserMode::Album && mode <= ChooserMode::BurnFiles && !CollectsFiles(mode);
 }
 
-void RemoveKnown(std::vector<std::wstring>& paths, const ChooserTargets& targets) {
+void RemoveKnown(std::vector<std::wstring>& paths, std::initializer_list<const ListBox*> lists) {
   std::unordered_set<std::wstring_view, HashIgnoringCase, SameIgnoringCase> known;
-  known.reserve(static_cast<std::size_t>(targets.files->Count()));
-  for (const ListBox* list : {static_cast<const ListBox*>(targets.files), targets.alsoKnown}) {
-    for (int i = 0; list != nullptr && i < list->Count(); ++i) known.insert(list->ItemText(i));
+  for (const ListBox* list : lists) {
+    known.reserve(known.size() + static_cast<std::size_t>(list->Count()));
+    for (int i = 0; i < list->Count(); ++i) known.insert(list->ItemText(i));
   }
   if (!known.empty()) {
     std::erase_if(paths, [&](const std::wstring& path) { return known.contains(path); });
   }
 }
 
-void CollectFiles(Choixrecoldir& dialog, Context& context) {
-  std::vector<std::wstring> paths = AudioFilesBelow(context, dialog.Dir1.Path(), dialog.recurse_chk.Checked());
-  if (context.cancelled) return;
-  if (dialog.mode == ChooserMode::PlaylistFiles) {
-    // A playlist may name a file twice, but takes no name that is nothing but an ending.
-    std::erase_if(paths, [](const std::wstring& path) { return FileNamePart(path).size() < 4; });
-  } else {
-    RemoveKnown(paths, dialog.targets);
-  }
-  dialog.targets.files->Append(std::move(paths));
-}
-
 void Accept(Choixrecoldir& dialog, Context& context) {
-  context.settings.Put(kLastDir, dialog.Dir1.Path());
-  if (PicksFolder(dialog.mode)) {
-    dialog.targets.folder->SetText(WithoutBackslash(Trim(dialog.Dir1.Path())));
-    if (dialog.mode == ChooserMode::Album) *dialog.targets.format = dialog.format_cmb.Text();
-  } else if (CollectsFiles(dialog.mode)) {
-    context.cancelled = false;
-    const RestoreOnFailure restore{&dialog.choice_frm, &dialog.ok_btn};
-    dialog.choice_frm.SetEnabled(false);
-    dialog.ok_btn.SetEnabled(false);
-    CollectFiles(dialog, context);
+  context.settings.Put(setting::kLastDir, dialog.Dir1.Path());
+  if (CollectsFiles(dialog.mode)) {
+    LongWork work(context, {&dialog.choice_frm, &dialog.ok_btn});
+    AudioWalk walk = AudioFilesBelow(context.files, dialog.Dir1.Path(), dialog.recurse_chk.Checked(), work);
+    if (!work.Cancelled()) dialog.walk = std::move(walk);
+  } else if (PicksFolder(dialog.mode)) {
+    dialog.folder = {WithoutBackslash(Trim(dialog.Dir1.Path())), dialog.format_cmb.Text()};
   }
   dialog.form.Close();
+}
+
+void ShowChooser(Choixrecoldir& dialog, Context& context, ChooserMode mode) {
+  LoadFolderChooser(dialog, context);
+  SetMode(dialog, mode);
+  ShowModal(context, dialog.form);
 }
 
 Node FolderColumn(Choixrecoldir& dialog) {
@@ -128,7 +120,7 @@ void LoadFolderChooser(Choixrecoldir& dialog, Context& context) {
   dialog.format_cmb.chosen = dialog.Dir1.pathChanged;
   dialog.ok_btn.clicked = Command(context, [&] { Accept(dialog, context); });
   dialog.cancel_btn.clicked = [&] {
-    context.cancelled = true;  // ends a walk that is under way
+    CancelWork(context);  // a walk that is under way
     dialog.form.Close();
   };
   dialog.form.defaultButton = &dialog.ok_btn;
@@ -166,12 +158,25 @@ void RefreshList(Choixrecoldir& dialog, Context& context) {
   }
 }
 
-void ChooseFolder(Context& context, ChooserMode mode, const ChooserTargets& targets) {
+std::optional<ChosenFolder> ChooseFolder(Context& context, ChooserMode mode) {
   Choixrecoldir dialog;
-  dialog.targets = targets;
-  LoadFolderChooser(dialog, context);
-  SetMode(dialog, mode);
-  ShowModal(context, dialog.form);
+  ShowChooser(dialog, context, mode);
+  return std::move(dialog.folder);
+}
+
+std::vector<std::wstring> ChooseAudioFiles(Context& context, ChooserMode mode,
+                                           std::initializer_list<const ListBox*> known) {
+  Choixrecoldir dialog;
+  ShowChooser(dialog, context, mode);
+  std::vector<std::wstring>& paths = dialog.walk.found;
+  if (mode == ChooserMode::PlaylistFiles) {
+    // A playlist may name a file twice, but takes no name that is nothing but an ending.
+    std::erase_if(paths, [](const std::wstring& path) { return FileNamePart(path).size() < 4; });
+  } else {
+    RemoveKnown(paths, known);
+  }
+  ShowFoldersNotRead(context, dialog.walk.notRead);
+  return std::move(paths);
 }
 
 }  // namespace tagrix

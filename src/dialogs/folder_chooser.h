@@ -3,13 +3,17 @@
 #define TAGRIX_DIALOGS_FOLDER_CHOOSER_H
 
 #include <cstdint>
+#include <initializer_list>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "core/context.h"
 #include "forms/buttons.h"
 #include "forms/form.h"
 #include "forms/lists.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
+#include "storage/audio_walk.h"
 
 namespace tagrix {
 
@@ -26,12 +30,9 @@ enum class ChooserMode : std::uint8_t {
   BurnFiles = 8,
 };
 
-// The caller's models that receive the result; those that the mode doesn't use may be left out.
-struct ChooserTargets {
-  TextBox* folder = nullptr;           // the folder's path, without a trailing "\"
-  std::wstring* format = nullptr;      // "MP3", ...
-  ListBox* files = nullptr;            // full paths are appended
-  const ListBox* alsoKnown = nullptr;  // files of this list are not appended either, where duplicates are left out
+struct ChosenFolder {
+  std::wstring path;    // without a trailing "\"
+  std::wstring format;  // "MP3", ...
 };
 
 struct Choixrecoldir {
@@ -46,7 +47,9 @@ struct Choixrecoldir {
   Button ok_btn{"ok_btn"}, cancel_btn{"cancel_btn"};
 
   ChooserMode mode{};
-  ChooserTargets targets;
+  // The result; none: the user cancelled.
+  std::optional<ChosenFolder> folder;
+  AudioWalk walk;
   Form form{"Choixrecoldir"};
 };
 
@@ -56,8 +59,13 @@ void LoadFolderChooser(Choixrecoldir& dialog, Context& context);
 void SetMode(Choixrecoldir& dialog, ChooserMode mode);
 void RefreshList(Choixrecoldir& dialog, Context& context);
 
-// Shows the dialog; when it returns, the targets hold the result, or are as they were when the user cancelled.
-void ChooseFolder(Context& context, ChooserMode mode, const ChooserTargets& targets);
+// Shows the dialog for a mode that picks a folder; nothing when the user cancels.
+std::optional<ChosenFolder> ChooseFolder(Context& context, ChooserMode mode);
+
+// Shows the dialog for a mode that collects files and returns their full paths; empty when the user cancels. Folders
+// that could not be read are told. `known`: lists whose files are left out, where the mode leaves out duplicates.
+std::vector<std::wstring> ChooseAudioFiles(Context& context, ChooserMode mode,
+                                           std::initializer_list<const ListBox*> known);
 
 }  // namespace tagrix
 

@@ -1,26 +1,23 @@
 #include "dialogs/statistics.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
+#include "audio/measure.h"
+#include "base/failure.h"
+#include "base/progress.h"
+#include "base/text.h"
 #include "core/dispatch.h"
-#include "core/failure.h"
-#include "core/helpers.h"
 #include "core/messages.h"
-#include "core/session.h"
-#include "dialogs/comparison_table.h"
+#include "core/notices.h"
+#include "views/comparison_table.h"
 
 namespace tagrix {
 namespace {
 
 constexpr std::uint64_t kRedrawEvery = 60;  // milliseconds: often enough to look alive, too seldom to cost time
-
-// What the window works on.
-struct Album {
-  const std::wstring& folder;
-  ListBox& files;
-  const ListBox& tracks;
-};
 
 void transme(Statistics& window, Context& context) {
   window.form.caption = context.Text(message::kStatisticsCaption);
@@ -72,15 +69,19 @@ std::wstring VerdictText(Context& context, const Diagnosis& diagnosis) {
   return context.Text(message::kVerdictNothing);
 }
 
-int CountFakes(const ListBox& files) {
-  int fakes = 0;
-  for (int i = 0; i < files.Count(); ++i) fakes += IsFakeTrack(files.ItemText(i)) ? 1 : 0;
-  return fakes;
+std::ptrdiff_t CountFakes(const AlbumSession& session) {
+  return std::count_if(session.files.begin(), session.files.end(), [](const AlbumFile& file) { return file.fake; });
 }
 
-// Brings everything that is drawn or computed up to date with the lists.
-void ShowFigures(Statistics& window, Context& context, const Album& album) {
-  window.chart.places = Places(album.files, album.tracks);
+ComparedRow RowAt(const AlbumSession& session, int i) {
+  const auto at = static_cast<std::size_t>(i);
+  return {at < session.files.size() ? session.files[at].name : std::wstring(),
+          at < session.disc.tracks.size() ? session.disc.tracks[at].title : std::wstring(), PlaceAt(session, i)};
+}
+
+// Brings everything that is drawn or computed up to date with the session.
+void ShowFigures(Statistics& window, Context& context, const AlbumSession& session) {
+  window.chart.places = PlacesOf(session);
   const Deviations deviations = DeviationsOf(window.chart.places);
   const auto text = [&](double milliseconds) {
     return deviations.compared == 0 ? std::wstring(L"\u2013")
@@ -96,7 +97,7 @@ void ShowFigures(Statistics& window, Context& context, const Album& album) {
 // A file that can't even be read is shown as one that can't be measured: the window is there to find such files.
 std::int32_t Measure(Context& context, const std::wstring& path) {
   try {
-    return MeasureFile(context, path);
+    return MeasureFile(context.files, path, [&] { context.events.DoEvents(); });
   } catch (const Failure&) {
     return 0;
   }
@@ -108,39 +109,38 @@ void ShowMeasuring(Statistics& window, Context& context, int done, int count) {
   window.measure_bar.SetPercent(Percentage(done, count));
 }
 
-void MeasureFiles(Statistics& window, Context& context, const Album& album) {
-  const int count = album.files.Count();
+void MeasureFiles(Statistics& window, Context& context, AlbumSession& session) {
+  const int count = FileCount(session);
   std::uint64_t redrawn = 0;
   for (int i = 0; i < count; ++i) {
-    const std::wstring& name = album.files.ItemText(i);
-    if (!IsFakeTrack(name)) album.files.SetValue(i, Measure(context, album.folder + L"\\" + name));
+    AlbumFile& file = session.files[static_cast<std::size_t>(i)];
+    if (!file.fake) file.milliseconds = Measure(context, AlbumPath(session, file.name));
     window.chart.measured = i + 1;
     if (context.events.TickCount() - redrawn >= kRedrawEvery) {
       redrawn = context.events.TickCount();
       ShowMeasuring(window, context, i + 1, count);
-      ShowFigures(window, context, album);
+      ShowFigures(window, context, session);
     }
     context.events.DoEvents();
     if (window.form.Closing()) return;
   }
-  window.chart.measured = PlaceCount(album.files, album.tracks);
-  ShowFigures(window, context, album);
+  ShowFigures(window, context, session);
+  window.chart.measured = static_cast<int>(window.chart.places.size());
   window.verdict_lbl.SetText(VerdictText(context, Diagnose(window.chart.places)));
   window.measure_bar.SetVisible(false);
 }
 
 }  // namespace
 
-void ShowStatistics(Context& context, const std::wstring& folder, ListBox& mp3_lst, const ListBox& new_lst) {
-  const Album album{folder, mp3_lst, new_lst};
+void ShowStatistics(Context& context, AlbumSession& session) {
   Statistics window;
   transme(window, context);
-  for (int i = 0; i < mp3_lst.Count(); ++i) mp3_lst.SetValue(i, 0);
-  for (int i = 0; i < PlaceCount(mp3_lst, new_lst); ++i) window.places_lst.Add(std::to_wstring(i + 1));
-  ShowComparison(window.places_lst, context, mp3_lst, new_lst);
-  window.fakes_value_lbl.SetText(std::to_wstring(CountFakes(mp3_lst)));
-  ShowMeasuring(window, context, 0, mp3_lst.Count());
-  ShowFigures(window, context, album);
+  for (AlbumFile& file : session.files) file.milliseconds = 0;
+  window.fakes_value_lbl.SetText(std::to_wstring(CountFakes(session)));
+  ShowMeasuring(window, context, 0, FileCount(session));
+  ShowFigures(window, context, session);
+  for (std::size_t i = 0; i < window.chart.places.size(); ++i) window.places_lst.Add(std::to_wstring(i + 1));
+  ShowComparison(window.places_lst, context, [&](int i) { return RowAt(session, i); });
 
   window.chart_pic.paint = [&](Canvas& canvas) { DrawComparison(canvas, window.chart); };
   window.places_lst.selectionChanged = Notice(context, [&] {
@@ -148,7 +148,7 @@ void ShowStatistics(Context& context, const std::wstring& folder, ListBox& mp3_l
     window.chart_pic.Refresh();
   });
   window.ok_btn.clicked = [&] { window.form.Close(); };  // at any time, also while it measures
-  window.form.shown = Command(context, [&] { MeasureFiles(window, context, album); });
+  window.form.shown = Command(context, [&] { MeasureFiles(window, context, session); });
 
   window.form.layout = Layout(window);
   window.form.defaultButton = window.form.cancelButton = &window.ok_btn;

@@ -2,15 +2,14 @@
 #ifndef TAGRIX_DIALOGS_STATISTICS_H
 #define TAGRIX_DIALOGS_STATISTICS_H
 
-#include <string>
-
 #include "core/context.h"
-#include "dialogs/comparison_chart.h"
 #include "forms/buttons.h"
 #include "forms/form.h"
 #include "forms/lists.h"
 #include "forms/picture.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
+#include "session/album_session.h"
+#include "views/comparison_chart.h"
 
 namespace tagrix {
 
@@ -31,10 +30,9 @@ struct Statistics {
   Form form{"statistics"};
 };
 
-// Measures every file of `mp3_lst`, names in `folder`, and stores the milliseconds (0: can't be measured) as its value,
-// showing meanwhile how the files compare with the tracks of `new_lst` (values in CD frames). Closing the window ends
-// the measuring.
-void ShowStatistics(Context& context, const std::wstring& folder, ListBox& mp3_lst, const ListBox& new_lst);
+// Measures every file of the session and stores the milliseconds (0: can't be measured), showing meanwhile how the
+// files compare with the tracks. Closing the window ends the measuring.
+void ShowStatistics(Context& context, AlbumSession& session);
 
 }  // namespace tagrix
 

@@ -1,11 +1,9 @@
 #include "dialogs/trackedit.h"
 
-#include <string>
-
+#include "base/text.h"
 #include "core/dispatch.h"
-#include "core/helpers.h"
 #include "core/messages.h"
-#include "core/text.h"
+#include "core/notices.h"
 
 namespace tagrix {
 namespace {
@@ -17,18 +15,14 @@ void transme(TrackEdit& dialog, Context& context) {
 
 }  // namespace
 
-void EditTrackName(Context& context, ListBox& tracks_lst, ListBox& new_lst) {
-  const int track = tracks_lst.SelectedIndex();
-  if (track < 0 || track >= new_lst.Count()) return;
-
+bool EditTrackName(Context& context, DiscTrack& track) {
+  bool edited = false;
   TrackEdit dialog;
   transme(dialog, context);
-  dialog.name_txt.SetText(new_lst.ItemText(track));
+  dialog.name_txt.SetText(track.title);
   dialog.ok_btn.clicked = Command(context, [&] {
-    const std::wstring title = Trim(dialog.name_txt.Text());
-    new_lst.SetItemText(track, title);
-    // No blank before the title, which tells an edited line from one of the disc record.
-    tracks_lst.SetItemText(track, L"[" + TwoDigits(track + 1) + L"]" + title);
+    track.title = Trim(dialog.name_txt.Text());
+    track.edited = edited = true;
     dialog.form.Close();
   });
   dialog.cancel_btn.clicked = [&] { dialog.form.Close(); };
@@ -38,6 +32,7 @@ void EditTrackName(Context& context, ListBox& tracks_lst, ListBox& new_lst) {
   dialog.form.defaultButton = &dialog.ok_btn;
   dialog.form.cancelButton = &dialog.cancel_btn;
   ShowModal(context, dialog.form);
+  return edited;
 }
 
 }  // namespace tagrix

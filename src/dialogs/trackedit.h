@@ -5,8 +5,8 @@
 #include "core/context.h"
 #include "forms/buttons.h"
 #include "forms/form.h"
-#include "forms/lists.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
+#include "sources/disc_source.h"
 
 namespace tagrix {
 
@@ -16,9 +16,8 @@ struct TrackEdit {
   Form form{"trackedit"};
 };
 
-// Lets the user edit the title at the selected position of `tracks_lst` (the lines shown) in `new_lst` (the plain
-// titles), and writes it to both. Does nothing when no track is selected.
-void EditTrackName(Context& context, ListBox& tracks_lst, ListBox& new_lst);
+// Lets the user edit the title of a track. True when the user has confirmed.
+bool EditTrackName(Context& context, DiscTrack& track);
 
 }  // namespace tagrix
 

@@ -7,7 +7,7 @@
 #include "forms/buttons.h"
 #include "forms/lists.h"
 #include "forms/picture.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
 
 namespace tagrix {
 namespace {

@@ -4,8 +4,9 @@
 #include <charconv>
 #include <utility>
 
-#include "core/publisher.h"
-#include "core/text.h"
+#include "base/publisher.h"
+#include "base/text.h"
+#include "base/times.h"
 #include "freedb/server_list.h"
 #include "freedb/text_allowance.h"
 
@@ -39,8 +40,9 @@ std::optional<std::string_view> Value(std::string_view record, std::string_view 
   return record.substr(start, end - start);
 }
 
-void ReadArtistAndAlbum(std::string_view title, DiscRecord& disc) {
+void ReadArtistAndAlbum(std::string_view title, CddbRecord& disc) {
   const size_t slash = title.find('/');
+  disc.title = title;
   disc.artist = title.substr(0, slash);
   // The character after the slash is usually a blank.
   disc.album = slash == title.npos ? title : title.substr(std::min(slash + 2, title.size()));
@@ -67,7 +69,7 @@ std::vector<size_t> FindTitles(std::string_view record) {
   return starts;
 }
 
-void ReadTitles(std::string_view record, DiscRecord& disc) {
+void ReadTitles(std::string_view record, CddbRecord& disc) {
   TextAllowance allowance(record);
   for (const size_t start : FindTitles(record)) {
     const std::string_view title = record.substr(start, record.find(kLineEnd, start) - start);
@@ -79,7 +81,7 @@ void ReadTitles(std::string_view record, DiscRecord& disc) {
 double Number(std::string_view text) { return LeadingNumber(Trim(Widen(text))); }
 
 // A track's length is the difference to the next one's offset. Returns the last track's offset when all were there.
-std::optional<double> ReadOffsets(std::string_view record, DiscRecord& disc) {
+std::optional<double> ReadOffsets(std::string_view record, CddbRecord& disc) {
   size_t end = record.find("# Track frame offsets:");
   if (end != record.npos) end = record.find(kLineEnd, end);
   double offset = 0;
@@ -96,9 +98,8 @@ std::optional<double> ReadOffsets(std::string_view record, DiscRecord& disc) {
 }
 
 // The last track runs to the end of the disc.
-void ReadLastLength(std::string_view record, double lastOffset, DiscRecord& disc) {
+void ReadLastLength(std::string_view record, double lastOffset, CddbRecord& disc) {
   constexpr size_t kUnit = std::string_view("seconds").size();
-  constexpr int kFramesPerSecond = 75;
   const auto length = Value(record, "# Disc length:");
   if (disc.tracks.empty() || !length || length->size() <= kUnit) return;
   const double seconds = Number(length->substr(0, length->size() - kUnit));
@@ -107,31 +108,50 @@ void ReadLastLength(std::string_view record, double lastOffset, DiscRecord& disc
 
 }  // namespace
 
-std::wstring CddbReadUrl(Settings& settings, std::wstring_view category, std::wstring_view discId) {
-  std::wstring server = Trim(settings.Get(L"FreeDBServer"));
+std::wstring CddbGateway(Settings& settings) {
+  std::wstring server = Trim(settings.Get(setting::kFreeDbServer));
   if (server.empty() || FreeDbServerList(false).find(server) == std::wstring::npos) {
     server = publisher::kFreeDbServers[0].host;
   }
-  std::wstring path = Trim(settings.Get(L"CGIPath"));
-  if (path.empty()) path = L"/~cddb/cddb.cgi";
-  std::wstring url = L"http://" + server + path + L"?cmd=cddb read ";
+  return L"http://" + server + settings.Get(setting::kCgiPath);
+}
+
+std::wstring CddbHello(std::wstring_view user, std::wstring_view host, std::wstring_view client) {
+  std::wstring hello(user);
+  hello.append(L" ").append(host).append(L" ").append(client).append(L" ");
+  return hello + std::to_wstring(publisher::kMajor) + L"." + std::to_wstring(publisher::kMinor) + L"." +
+         std::to_wstring(publisher::kRevision);
+}
+
+std::wstring CddbReadUrl(Settings& settings, std::wstring_view category, std::wstring_view discId) {
+  std::wstring url = CddbGateway(settings) + L"?cmd=cddb read ";
   url.append(category).append(L" ").append(discId);
-  url.append(L"&hello=Orvin ").append(publisher::kWebHost).append(L" ").append(publisher::kProduct).append(L" ");
-  url += std::to_wstring(publisher::kMajor) + L"." + std::to_wstring(publisher::kMinor) + L"." +
-         std::to_wstring(publisher::kRevision) + L"&proto=5";
+  url += L"&hello=" + CddbHello(kCddbUser, publisher::kWebHost, publisher::kProduct) + L"&proto=5";
   return Replace(url, L" ", L"+");
 }
 
-std::optional<DiscRecord> ParseDiscRecord(std::string_view answer) {
+std::optional<CddbRecord> ParseDiscRecord(std::string_view answer) {
   const auto record = RecordText(answer);
   if (!record || answer.find("\r\n.") == answer.npos) return std::nullopt;
   const auto title = Value(*record, "DTITLE=");
   if (!title) return std::nullopt;
-  DiscRecord disc;
+  CddbRecord disc;
   ReadArtistAndAlbum(*title, disc);
   if (const auto year = Value(*record, "DYEAR=")) disc.year = *year;
   ReadTitles(*record, disc);
   if (const auto lastOffset = ReadOffsets(*record, disc)) ReadLastLength(*record, *lastOffset, disc);
+  return disc;
+}
+
+Disc DiscOf(const CddbRecord& record, const std::wstring& category,
+            const std::function<std::wstring(std::string_view)>& text) {
+  Disc disc;
+  disc.artist = text(record.artist);
+  disc.album = text(record.album);
+  disc.genre = category;
+  if (record.year) disc.year = text(*record.year);
+  disc.tracks.reserve(record.tracks.size());
+  for (const CddbTrack& track : record.tracks) disc.tracks.push_back({text(track.title), track.frames});
   return disc;
 }
 

@@ -3,9 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "core/failure.h"
-#include "core/helpers.h"
-#include "core/text.h"
+#include "base/text.h"
 #include "freedb/http_message.h"
 
 namespace tagrix {
@@ -13,18 +11,8 @@ namespace {
 
 constexpr int kLongestStep = 20;              // milliseconds between two looks at the socket
 constexpr std::uint64_t kLineTimeout = 5000;  // milliseconds
+constexpr std::size_t kLongestAnswer = 256 << 20;
 constexpr std::string_view kLineEnd = "\r\n";
-
-class BusyWhileAlive {
- public:
-  explicit BusyWhileAlive(Context& context) : context_(context) { SetBusy(context_, true); }
-  ~BusyWhileAlive() { SetBusy(context_, false); }
-  BusyWhileAlive(const BusyWhileAlive&) = delete;
-  BusyWhileAlive& operator=(const BusyWhileAlive&) = delete;
-
- private:
-  Context& context_;
-};
 
 bool BeginsWithOneOf(std::string_view text, std::string_view prefixes) {
   for (size_t end = 0;; prefixes.remove_prefix(end + kLineEnd.size())) {
@@ -34,121 +22,126 @@ bool BeginsWithOneOf(std::string_view text, std::string_view prefixes) {
   }
 }
 
-int PortSetting(Settings& settings, const wchar_t* name) {
-  constexpr int kDefault = 80, kGreatest = 32767;
-  const std::wstring text = Trim(settings.Get(name));
-  const int port = LeadingInteger(text);
-  if (port > kGreatest) throw Failure(L"Connect", name, L"Port " + text + L" is above 32767.");
-  return port > 0 ? port : kDefault;
-}
+// Tells a page's progress for as long as this lives.
+class Listening {
+ public:
+  Listening(Progress*& place, Progress& progress) : place_(place) { place = &progress; }
+  ~Listening() { place_ = nullptr; }
+  Listening(const Listening&) = delete;
+  Listening& operator=(const Listening&) = delete;
+
+ private:
+  Progress*& place_;
+};
 
 }  // namespace
 
-HttpClient::HttpClient(Context& context) : context_(context) {
-  context_.socket.dataArrival = [this] { DataArrival(); };
-  context_.socket.sendComplete = [this] { sendComplete_ = true; };
+HttpClient::HttpClient(const Ports& ports) : ports_(ports) {
+  ports_.socket.dataArrival = [this] { DataArrival(); };
+  ports_.socket.sendComplete = [this] { sendComplete_ = true; };
 }
 
 HttpClient::~HttpClient() {
-  context_.socket.dataArrival = nullptr;
-  context_.socket.sendComplete = nullptr;
+  ports_.socket.dataArrival = nullptr;
+  ports_.socket.sendComplete = nullptr;
 }
 
-std::string HttpClient::GetWebSite(std::wstring& url) {
-  const BusyWhileAlive busy(context_);
-  for (bool redirected = false; Fetch(url, redirected); redirected = true) {
+std::string HttpClient::GetWebSite(std::wstring& url, Progress& progress, std::string* refusal) {
+  const Listening listening(progress_, progress);
+  while (Fetch(url, progress)) {
     const HttpVerdict verdict = JudgeAnswer(received_);
     if (verdict == HttpVerdict::Page) return std::exchange(received_, {});
-    if (verdict == HttpVerdict::Failed) break;
-    const auto location = RedirectTarget(received_);
-    if (!location) break;
+    const auto location = verdict == HttpVerdict::Redirect ? RedirectTarget(received_) : std::nullopt;
     // Compared with the blank that usually precedes it, so that a server may redirect to the same address until the
     // user cancels.
-    std::wstring target = context_.codePage.ToText(*location);
-    if (target == url) break;
+    std::wstring target = location ? ports_.codePage.ToText(*location) : url;
+    if (target == url) {
+      if (refusal != nullptr) *refusal = received_;
+      break;
+    }
     url = std::move(target);
   }
   return {};
 }
 
-bool HttpClient::Fetch(std::wstring& url, bool redirected) {
+bool HttpClient::Fetch(std::wstring& url, Progress& progress) {
   ErrorOccured();
   const auto host = PrepareUrl(url);
   if (!host) return false;
   received_.clear();
-  Connect(*host);
+  Connect(*host, progress);
   if (!Connected()) {
-    context_.socket.Close();
+    ports_.socket.Close();
     return false;
   }
-  context_.socket.SendData(context_.codePage.ToBytes(HttpRequest(url, *host)));
-  context_.events.DoEvents();
-  // From a redirect on the flag stays: whoever cancels an endless chain between two requests means the chain.
-  if (!redirected) context_.cancelled = false;
-  RunUntil([this] { return !Connected() || context_.cancelled; });
-  return !context_.cancelled;
+  ports_.socket.SendData(ports_.codePage.ToBytes(HttpRequest(url, *host)));
+  ports_.events.DoEvents();
+  RunUntil([&] { return !Connected() || progress.Cancelled(); });
+  return !progress.Cancelled() && received_.size() <= kLongestAnswer;
 }
 
-void HttpClient::Connect(const std::wstring& host) {
-  Settings& settings = context_.settings;
-  if (Trim(settings.Get(L"UseProxy")) == L"1") {
-    context_.socket.Connect(Trim(settings.Get(L"ProxyName")), PortSetting(settings, L"ProxyPort"));
+void HttpClient::Connect(const std::wstring& host, const Progress& progress) {
+  Settings& settings = ports_.settings;
+  if (settings.ThroughProxy()) {
+    ports_.socket.Connect(settings.Get(setting::kProxyName), settings.Get(setting::kProxyPort));
   } else {
-    context_.socket.Connect(host, PortSetting(settings, L"HTTPPort"));
+    ports_.socket.Connect(host, settings.Get(setting::kHttpPort));
   }
-  context_.events.DoEvents();
-  RunUntil([this] {
-    const SocketState state = context_.socket.State();
-    return state < SocketState::ConnectionPending || state > SocketState::Connecting;
+  ports_.events.DoEvents();
+  RunUntil([&] {
+    const SocketState state = ports_.socket.State();
+    return state < SocketState::ConnectionPending || state > SocketState::Connecting || progress.Cancelled();
   });
 }
 
 void HttpClient::ErrorOccured() {
-  context_.socket.Close();
-  while (context_.socket.State() != SocketState::Closed) context_.events.DoEvents();
+  ports_.socket.Close();
+  while (ports_.socket.State() != SocketState::Closed) ports_.events.DoEvents();
 }
 
-bool HttpClient::WaitFor(std::string_view expected, std::string* reply) {
-  const std::uint64_t start = context_.events.TickCount();
+bool HttpClient::WaitFor(std::string_view expected, Progress& progress, std::string* reply) {
+  const std::uint64_t start = ports_.events.TickCount();
   bool found = false;
-  while (!found && Connected() && !GaveUp(start)) {
-    context_.events.DoEvents();
+  while (!found && Connected() && !GaveUp(start, progress)) {
+    ports_.events.DoEvents();
     found = received_.find(kLineEnd) != received_.npos && BeginsWithOneOf(received_, expected);
-    if (!found) context_.events.Wait(kLongestStep);
+    if (!found) ports_.events.Wait(kLongestStep);
   }
   if (reply != nullptr) *reply = received_;
   received_.clear();
   return found;
 }
 
-bool HttpClient::Send(std::string_view text) {
+bool HttpClient::Send(std::string_view text, Progress& progress) {
   if (!Connected()) return false;
   sendComplete_ = false;
-  context_.socket.SendData(std::string(text).append(kLineEnd));
-  const std::uint64_t start = context_.events.TickCount();
-  RunUntil([&] { return sendComplete_ || GaveUp(start); });
+  ports_.socket.SendData(std::string(text).append(kLineEnd));
+  const std::uint64_t start = ports_.events.TickCount();
+  RunUntil([&] { return sendComplete_ || GaveUp(start, progress); });
   return sendComplete_;
 }
 
 void HttpClient::RunUntil(const std::function<bool()>& done) {
   while (!done()) {
-    context_.events.Wait(kLongestStep);
-    context_.events.DoEvents();
+    ports_.events.Wait(kLongestStep);
+    ports_.events.DoEvents();
   }
 }
 
-bool HttpClient::GaveUp(std::uint64_t start) const {
-  return context_.cancelled || context_.events.TickCount() - start >= kLineTimeout;
+bool HttpClient::GaveUp(std::uint64_t start, const Progress& progress) const {
+  return progress.Cancelled() || ports_.events.TickCount() - start >= kLineTimeout;
 }
 
 void HttpClient::DataArrival() {
   if (!Connected()) return;
-  std::string data = context_.socket.GetData();
+  std::string data = ports_.socket.GetData();
   receivedCount_ += static_cast<std::int64_t>(data.size());
   received_ += data;
-  SetStatus(context_,
-            L"Downloading : " +
-                Decimals(static_cast<double>(receivedCount_) / 1024, 2, context_.codePage.DecimalSeparator()) + L" Kb");
+  if (received_.size() > kLongestAnswer) ports_.socket.Close();
+  if (progress_ == nullptr) return;
+  progress_->Status(L"Downloading : " +
+                    Decimals(static_cast<double>(receivedCount_) / 1024, 2, ports_.codePage.DecimalSeparator()) +
+                    L" Kb");
 }
 
 }  // namespace tagrix

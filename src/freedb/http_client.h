@@ -1,4 +1,4 @@
-// The program's HTTP client: one GET at a time over the context's socket, and three helpers for line-based servers.
+// The program's HTTP client: one GET at a time over one socket, and three helpers for line-based servers.
 #ifndef TAGRIX_FREEDB_HTTP_CLIENT_H
 #define TAGRIX_FREEDB_HTTP_CLIENT_H
 
@@ -7,33 +7,45 @@
 #include <string>
 #include <string_view>
 
-#include "core/context.h"
+#include "base/progress.h"
+#include "core/settings.h"
+#include "platform/code_page.h"
+#include "platform/event_loop.h"
+#include "platform/tcp_socket.h"
 
 namespace tagrix {
 
-// Every wait lets events run and ends early when the user cancels, but for the wait for a connection. Network failures
-// yield empty results and are shown by the caller.
+// Every wait lets events run and ends early when the user cancels. Network failures yield empty results and are shown
+// by the caller.
 class HttpClient {
  public:
-  // Listens to the context's socket for as long as it lives.
-  explicit HttpClient(Context& context);
+  struct Ports {
+    TcpSocket& socket;
+    EventLoop& events;
+    CodePage& codePage;
+    Settings& settings;
+  };
+  // Listens to the socket for as long as it lives.
+  explicit HttpClient(const Ports& ports);
   ~HttpClient();
   HttpClient(const HttpClient&) = delete;
   HttpClient& operator=(const HttpClient&) = delete;
 
   // Fetches an address through the proxy of the settings, if any, and follows redirects. Returns the whole answer,
-  // status line and headers included, as it was received; empty on every failure. `url` ends as the address asked last.
-  // Throws Failure when the port in the settings is above 32767.
-  std::string GetWebSite(std::wstring& url);
+  // status line and headers included, as it was received; empty on every failure, and when it is longer than 256 MiB.
+  // `url` ends as the address asked last. `refusal`, if asked for, gets the answer that tells an error or leads
+  // nowhere, and stays as it is where the server was not reached. Throws Failure when the port in the settings is above
+  // 32767.
+  std::string GetWebSite(std::wstring& url, Progress& progress, std::string* refusal = nullptr);
 
   // Drops the connection.
   void ErrorOccured();
 
   // Waits up to 5 s for a line that begins with one of the prefixes (separated by CR LF). Hands over what has been
   // received, if asked for, and forgets it.
-  bool WaitFor(std::string_view expected, std::string* reply = nullptr);
+  bool WaitFor(std::string_view expected, Progress& progress, std::string* reply = nullptr);
   // Sends a line; true when it was handed to the system within 5 s.
-  bool Send(std::string_view text);
+  bool Send(std::string_view text, Progress& progress);
 
   // Starts the count that the status line shows from 0.
   void ResetReceivedCount() { receivedCount_ = 0; }
@@ -41,15 +53,16 @@ class HttpClient {
  private:
   void DataArrival();
   // Asks for one address and collects the answer; false when there is none.
-  bool Fetch(std::wstring& url, bool redirected);
-  void Connect(const std::wstring& host);
+  bool Fetch(std::wstring& url, Progress& progress);
+  void Connect(const std::wstring& host, const Progress& progress);
   // Runs events and waits for more until `done` says so.
   void RunUntil(const std::function<bool()>& done);
   // Whether a wait for a line that began then has timed out or was cancelled.
-  bool GaveUp(std::uint64_t start) const;
-  bool Connected() const { return context_.socket.State() == SocketState::Connected; }
+  bool GaveUp(std::uint64_t start, const Progress& progress) const;
+  bool Connected() const { return ports_.socket.State() == SocketState::Connected; }
 
-  Context& context_;
+  const Ports ports_;
+  Progress* progress_ = nullptr;  // of the page that is being fetched
   std::string received_;
   std::int64_t receivedCount_ = 0;
   bool sendComplete_ = false;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/publisher.h"
-#include "core/text.h"
+#include "base/publisher.h"
+#include "base/text.h"
 
 namespace tagrix {
 namespace {

@@ -1,16 +1,21 @@
 #include "freedb/search_page.h"
 
-#include "core/publisher.h"
-#include "core/text.h"
+#include "base/text.h"
 
 namespace tagrix {
 
-std::wstring SearchUrl(std::wstring_view words) {
-  return publisher::kFreeDbWebSite + (L"/freedb_search.php?words=" + Replace(words, L" ", L"+")) +
+std::wstring FreeDbSite(Settings& settings) {
+  std::wstring site = settings.Get(setting::kFreeDbSite);
+  while (site.ends_with(L'/')) site.pop_back();
+  return site.find(L"://") == site.npos ? L"http://" + site : site;
+}
+
+std::wstring SearchUrl(const std::wstring& site, std::wstring_view words) {
+  return site + L"/freedb_search.php?words=" + Replace(words, L" ", L"+") +
          L"&allfields=NO&fields=artist&fields=title&allcats=YES&grouping=none";
 }
 
-std::wstring RecordMarker() { return std::wstring(publisher::kFreeDbWebSite) + L"/freedb_search_fmt.php?cat="; }
+std::wstring RecordMarker(const std::wstring& site) { return site + L"/freedb_search_fmt.php?cat="; }
 
 std::optional<std::string_view> LinkScanner::Next() {
   const size_t found = page_.find(marker_, at_);

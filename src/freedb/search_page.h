@@ -8,14 +8,18 @@
 #include <string_view>
 #include <utility>
 
+#include "core/settings.h"
 #include "freedb/text_allowance.h"
 
 namespace tagrix {
 
+// The web site of the settings, with its scheme and without a slash at its end: "http://www.freedb.org".
+std::wstring FreeDbSite(Settings& settings);
+
 // The address that searches artists and titles for the words; each blank becomes "+", nothing else is escaped.
-std::wstring SearchUrl(std::wstring_view words);
+std::wstring SearchUrl(const std::wstring& site, std::wstring_view words);
 // What the address of every link to a record begins with, up to its category.
-std::wstring RecordMarker();
+std::wstring RecordMarker(const std::wstring& site);
 
 // One album found; the texts are parts of the page, as its bytes.
 struct Hit {

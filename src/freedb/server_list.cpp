@@ -1,6 +1,6 @@
 #include "freedb/server_list.h"
 
-#include "core/publisher.h"
+#include "base/publisher.h"
 
 namespace tagrix {
 

@@ -13,6 +13,7 @@ struct FtpRequest {
   int port = 21;
   std::wstring remoteFolder, remoteFile;
   std::wstring localPath;
+  std::uint64_t limit = 0;  // bytes; a download fails as soon as more, or more than announced, arrive; 0: none
 };
 
 // Passive mode, binary. Events happen only while the event loop runs (EventLoop::DoEvents). Nothing throws. Closed by
@@ -22,7 +23,8 @@ class FtpClient {
   virtual ~FtpClient() = default;
   // Begins a download and returns at once; `ended` is announced exactly once unless Close comes first.
   virtual void Download(const FtpRequest& request) = 0;
-  // Ends what runs; no event follows. A part of a file that it has written is removed.
+  // Ends what runs at once, be it connecting, waiting or receiving; no event follows. A part of a file that it has
+  // written is removed.
   virtual void Close() = 0;
   // Whether the system believes to be connected to the Internet.
   virtual bool InternetConnected() = 0;

@@ -19,8 +19,8 @@ class Shell {
   virtual ~Shell() = default;
   // Opens a web or mail link in the user's program for it. False when nothing could open it.
   virtual bool OpenLink(const std::wstring& link) = 0;
-  // Starts a program as a normal window and doesn't wait. `program` is its full path, `commandLine` the whole command
-  // line as the program will see it. Null when it could not be started.
+  // Starts a program as a normal window and doesn't wait. `program` is its full path (nothing else is started),
+  // `commandLine` the whole command line as the program will see it. Null when it could not be started.
   virtual std::unique_ptr<Process> Start(const std::wstring& program, const std::wstring& commandLine) = 0;
   // Plays a sound file without waiting; a missing file is ignored.
   virtual void PlaySoundFile(const std::wstring& path) = 0;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/text.h"
+#include "base/letter_case.h"
 
 namespace tagrix {
 

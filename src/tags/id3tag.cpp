@@ -4,11 +4,11 @@
 #include <memory>
 #include <string_view>
 
-#include "core/failure.h"
-#include "core/helpers.h"
-#include "core/paths.h"
-#include "core/temporary_file.h"
-#include "core/text.h"
+#include "base/failure.h"
+#include "base/letter_case.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "storage/temporary_file.h"
 #include "tags/id3v1.h"
 #include "tags/id3v2.h"
 #include "tags/tagged_file.h"
@@ -26,9 +26,9 @@ bool CanBeTagged(Files& files, const std::wstring& path) {
   return found && !found->folder && !found->readOnly;
 }
 
-void ShowStep(Context& context, const wchar_t* step, const std::wstring& path) {
-  SetStatus(context, step + DoubleAmpersands(Trim(path)));
-  context.events.DoEvents();
+void ShowStep(Progress& progress, const wchar_t* step, const std::wstring& path) {
+  progress.Status(step + Trim(path));
+  progress.LetEventsRun();
 }
 
 // The open audio file.
@@ -43,74 +43,73 @@ struct Source {
 std::string Id3v1Bytes(const Source& source, const std::string& record) {
   const bool tagged = source.labelled && HasID3v1(*source.file, source.size);
   std::string bytes = tagged ? record : std::string(kId3v1Mark) + record;
-  if (source.size < bytes.size()) throw Failure(L"Write the ID3v1 tag", source.path, L"The file is too short.");
+  if (source.size < bytes.size()) throw Failure(Action::Tag, source.path, Cause::TooShort);
   return bytes;
 }
 
 // Copies what stands from `from` to before `to`, letting pending events run.
-void Copy(Context& context, const Source& source, std::uint64_t from, std::uint64_t to, TemporaryFile& target) {
+void Copy(Progress& progress, const Source& source, std::uint64_t from, std::uint64_t to, TemporaryFile& target) {
   if (from >= to) return;
   const auto longest = static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, to - from));
   const auto piece = std::make_unique_for_overwrite<char[]>(longest);
   while (from < to) {
     const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(longest, to - from));
     if (source.file->Read(from, piece.get(), count) != count) {
-      throw Failure(L"Copy", source.path, L"The file has become shorter.");
+      throw Failure(Action::Read, source.path, Cause::Shrunk);
     }
     target.Append({piece.get(), count});
     from += count;
-    context.events.DoEvents();
+    progress.LetEventsRun();
   }
 }
 
 // Puts the new tag before what stands in the file from `oldTag` on, the last bytes replaced by `tail`. The header of
 // the old tag is not counted in `oldTag`, so the last 10 bytes of the old tag stay: kept.
-void Rewrite(Context& context, Source& source, const std::string& newTag, std::uint64_t oldTag, std::string_view tail) {
-  TemporaryFile temporary(context.files, std::wstring(FolderPart(source.path)) + kTemporaryName);
+void Rewrite(Files& files, Progress& progress, Source& source, const std::string& newTag, std::uint64_t oldTag,
+             std::string_view tail) {
+  TemporaryFile temporary(files, std::wstring(FolderPart(source.path)) + kTemporaryName);
   temporary.Append(newTag);
   const std::uint64_t end = source.size - tail.size();
-  Copy(context, source, oldTag, end, temporary);
+  Copy(progress, source, oldTag, end, temporary);
   if (oldTag > end) tail.remove_prefix(static_cast<std::size_t>(oldTag - end));
   temporary.Append(tail);
   temporary.Finish();
   source.file.reset();
-  try {
-    temporary.Replace(source.path);
-  } catch (const Failure&) {
-    ShowRenameFailure(context, source.path);
-  }
+  temporary.Replace(source.path);
 }
 
 // False when the file's old ID3v2 tag forbids a new one.
-bool WriteWanted(Context& context, const TagFields& fields, Source& source, bool id3v1, bool id3v2) {
+bool WriteWanted(const TagPorts& ports, const TagFields& fields, Source& source, bool id3v1, bool id3v2,
+                 Progress& progress) {
   const std::uint64_t oldTag = id3v2 && source.labelled ? GetID3v2Size(*source.file) : 0;
   if (oldTag >= kId3v2FirstByte || (oldTag > 0 && oldTag + kId3v2HeaderSize > source.size)) return false;
   std::string tail;
   if (id3v1) {
-    const std::string record = BuildID3v1(fields, context.styles, context.codePage);
-    ShowStep(context, L"Updating ID3v1 : ", source.path);
+    const std::string record = BuildID3v1(fields, ports.styles, ports.codePage);
+    ShowStep(progress, L"Updating ID3v1 : ", source.path);
     tail = Id3v1Bytes(source, record);
     if (!id3v2) source.file->Write(source.size - tail.size(), tail);
   }
   if (id3v2) {
-    ShowStep(context, L"Updating ID3v2 : ", source.path);
-    Rewrite(context, source, BuildID3v2(fields, context.codePage), oldTag, tail);
+    ShowStep(progress, L"Updating ID3v2 : ", source.path);
+    Rewrite(ports.files, progress, source, BuildID3v2(fields, ports.codePage), oldTag, tail);
   }
   return true;
 }
 
 }  // namespace
 
-bool WriteTags(Context& context, const TagFields& fields, const std::wstring& path, bool id3v1, bool id3v2) {
-  Files& files = context.files;
+bool WriteTags(const TagPorts& ports, const TagFields& fields, const std::wstring& path, bool id3v1, bool id3v2,
+               Progress& progress) {
+  Files& files = ports.files;
   if (!CanBeTagged(files, path)) return false;
   if (id3v1 || id3v2) {
     std::unique_ptr<File> file = id3v2 ? files.OpenForReading(path) : files.OpenForWriting(path);
     const std::uint64_t size = file->Size();
     Source source{path, std::move(file), size, OnLabelledVolume(files, path)};
-    if (!WriteWanted(context, fields, source, id3v1, id3v2)) return false;
+    if (!WriteWanted(ports, fields, source, id3v1, id3v2, progress)) return false;
   }
-  SetStatus(context, L"");
+  progress.Status({});
   return true;
 }
 

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "core/failure.h"
-#include "core/text.h"
+#include "base/failure.h"
+#include "base/text.h"
 #include "tags/genres.h"
 #include "tags/tagged_file.h"
 
@@ -27,7 +27,7 @@ char TrackByte(const std::wstring& track) {
     if (number < 0) break;
     number = number * 10 + (digit - L'0');
   }
-  if (number < 0 || number > 255) throw Failure(L"Write the track number", {}, track);
+  if (number < 0 || number > 255) throw Failure(Action::Tag, track, Cause::BadTrackNumber);
   return static_cast<char>(number);
 }
 

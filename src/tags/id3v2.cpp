@@ -3,8 +3,8 @@
 #include <memory>
 #include <string_view>
 
-#include "core/failure.h"
-#include "core/text.h"
+#include "base/failure.h"
+#include "base/text.h"
 #include "tags/tagged_file.h"
 
 namespace tagrix {
@@ -19,7 +19,7 @@ constexpr std::uint64_t kWeights[] = {kId3v2FirstByte, 16384, 128, 1};
 std::string EncodeSize(std::uint64_t size) {
   std::string bytes;
   for (const std::uint64_t weight : kWeights) {
-    if (size / weight > 255) throw Failure(L"Write the ID3v2 tag", {}, L"A text is too long.");
+    if (size / weight > 255) throw Failure(Action::Tag, {}, Cause::TextTooLong);
     bytes += static_cast<char>(size / weight);
     size %= weight;
   }

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
-#include "core/helpers.h"
-#include "core/text.h"
+#include "base/file_names.h"
+#include "base/letter_case.h"
+#include "base/paths.h"
+#include "base/text.h"
 
 namespace tagrix {
 namespace {
@@ -49,7 +51,7 @@ std::wstring ProfileValue(std::wstring_view text, std::wstring_view section, std
 bool IsBareFileName(std::wstring_view name) {
   const bool control = std::any_of(name.begin(), name.end(), [](wchar_t c) { return c < L' '; });
   return !name.empty() && !control && CleanFileName(name) == name && name.find(L"..") == name.npos &&
-         !name.ends_with(L'.') && !name.ends_with(L' ');
+         !name.ends_with(L'.') && !name.ends_with(L' ') && !IsDeviceName(name);
 }
 
 std::wstring DisplaySize(std::uint64_t bytes) {

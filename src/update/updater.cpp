@@ -1,26 +1,33 @@
 #include "update/updater.h"
 
+#include <memory>
 #include <optional>
+#include <utility>
 
-#include "core/failure.h"
-#include "core/helpers.h"
+#include "base/failure.h"
+#include "base/letter_case.h"
+#include "base/text.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "core/text.h"
+#include "core/notices.h"
+#include "storage/small_files.h"
 #include "update/transfer.h"
-#include "update/upd.h"
 #include "update/update_rules.h"
+#include "update/update_window.h"
 
 namespace tagrix {
 namespace {
 
 constexpr const wchar_t* kInfoFolder = L"/ostrelco/files";
 constexpr const wchar_t* kInfoFile = L"upd.dat";
-constexpr std::uint64_t kLongestInfo = 1 << 20;  // bytes; three lines are enough
+constexpr std::uint64_t kLongestInfo = 1 << 20;          // bytes; three lines are enough
+constexpr std::uint64_t kLongestInstaller = 1ull << 30;  // where the server announces no size
 
 std::wstring UpdFolder(const Context& context) { return context.programFolder + L"\\upd"; }
 std::wstring InfoPath(const Context& context) { return UpdFolder(context) + L"\\" + kInfoFile; }
 
-FtpRequest Request(const Context& context, const std::wstring& host, std::wstring folder, const std::wstring& file) {
+FtpRequest Request(const Context& context, const std::wstring& host, std::wstring folder, const std::wstring& file,
+                   std::uint64_t limit) {
   FtpRequest request;
   request.user = L"anonymous";
   request.password = L"rova_plint";
@@ -28,16 +35,17 @@ FtpRequest Request(const Context& context, const std::wstring& host, std::wstrin
   request.remoteFolder = std::move(folder);
   request.remoteFile = file;
   request.localPath = UpdFolder(context) + L"\\" + file;
+  request.limit = limit;
   return request;
 }
 
 // Downloads while events run; false when it failed or the user cancelled.
-bool Download(Context& context, const FtpRequest& request) {
+bool Download(Context& context, const FtpRequest& request, const Progress& progress) {
   std::optional<bool> complete;
   const Transfer transfer(context.ftp, request, [&](bool whole) { complete = whole; });
-  while (!complete && !context.cancelled) {
+  while (!complete && !progress.Cancelled()) {
     context.events.DoEvents();
-    if (!complete && !context.cancelled) context.events.Wait(20);
+    if (!complete && !progress.Cancelled()) context.events.Wait(20);
   }
   return complete.value_or(false);
 }
@@ -48,7 +56,7 @@ class UpdateInfo {
   explicit UpdateInfo(Context& context) : context_(context) {}
   ~UpdateInfo() {
     try {
-      if (FileExists(context_, InfoPath(context_))) context_.files.Delete(InfoPath(context_));
+      if (FileExists(context_.files, InfoPath(context_))) context_.files.Delete(InfoPath(context_));
     } catch (const Failure&) {  // the next check replaces it
     }
   }
@@ -56,12 +64,10 @@ class UpdateInfo {
   UpdateInfo& operator=(const UpdateInfo&) = delete;
 
   // False when it could not be fetched.
-  bool Fetch(const std::wstring& host) {
+  bool Fetch(const std::wstring& host, const Progress& progress) {
     try {
-      if (!FolderExists(context_, UpdFolder(context_))) context_.files.CreateFolder(UpdFolder(context_));
-      if (!Download(context_, Request(context_, host, kInfoFolder, kInfoFile))) return false;
-      const auto file = context_.files.Find(InfoPath(context_));
-      if (!file || file->size > kLongestInfo) return false;
+      if (!FolderExists(context_.files, UpdFolder(context_))) context_.files.CreateFolder(UpdFolder(context_));
+      if (!Download(context_, Request(context_, host, kInfoFolder, kInfoFile, kLongestInfo), progress)) return false;
       text_ = context_.codePage.ToText(ReadWholeFile(context_.files, InfoPath(context_)));
       return true;
     } catch (const Failure&) {
@@ -79,12 +85,11 @@ class UpdateInfo {
 std::optional<std::wstring> FetchInstaller(Context& context, const UpdateInfo& info, const std::wstring& host) {
   const std::wstring name = info.Value(L"FileName");
   auto result = DownloadResult::Failed;
-  const FtpRequest request = Request(context, host, info.Value(L"Path"), name);
+  const FtpRequest request = Request(context, host, info.Value(L"Path"), name, kLongestInstaller);
   if (IsBareFileName(name) && !EqualIgnoringCase(name, kInfoFile)) {
-    if (FileExists(context, request.localPath)) context.files.Delete(request.localPath);
-    SetBusy(context, true);
+    if (FileExists(context.files, request.localPath)) context.files.Delete(request.localPath);
+    const LongWork work(context);
     result = DownloadInWindow(context, request);
-    SetBusy(context, false);
   }
   if (result == DownloadResult::Failed) context.prompts.Message(context.Text(message::kDownloadFailed));
   if (result != DownloadResult::Complete) return {};
@@ -96,13 +101,15 @@ std::wstring Filled(Context& context, int message) { return FillMessage(context.
 // Fetches "upd.dat" and compares; the path of the installer when a new one has been downloaded.
 std::optional<std::wstring> LookForInstaller(Context& context, bool silent, const std::wstring& host) {
   UpdateInfo info(context);
-  const bool fetched = info.Fetch(host);
-  if (!silent) {
-    SetBusy(context, false);
-    SetStatus(context, L"");
+  bool fetched = false, cancelled = false;
+  {
+    const auto work = silent ? std::make_unique<SilentWork>(context) : std::make_unique<LongWork>(context);
+    work->Status(context.Text(message::kLookingForUpdate));
+    fetched = info.Fetch(host, *work);
+    cancelled = work->Cancelled();
   }
   if (!fetched) {
-    if (!silent && context.cancelled) {
+    if (!silent && cancelled) {
       ShowCancelMessage(context);
     } else if (!silent) {
       context.prompts.Message(context.Text(message::kUpdateInfoFailed));
@@ -135,21 +142,16 @@ void StartInstaller(Context& context, const std::wstring& installer) {
 }  // namespace
 
 void CheckForUpdate(Context& context, bool silent, const std::wstring& host) {
-  context.cancelled = false;
-  const bool test = context.settings.Get(L"Bypass") != L"1";
+  const bool test = !context.settings.Get(setting::kBypass);
   if (host.empty() || (test && !context.ftp.InternetConnected())) {
     if (!silent) context.prompts.Message(context.Text(message::kNoConnection));
     return;
-  }
-  if (!silent) {
-    SetBusy(context, true);
-    SetStatus(context, context.Text(message::kLookingForUpdate));
   }
   if (const auto installer = LookForInstaller(context, silent, host)) StartInstaller(context, *installer);
 }
 
 void CheckForUpdateAtStart(Context& context, const std::wstring& host) {
-  if (context.settings.Get(L"AutoUpd") != L"0") CheckForUpdate(context, true, host);
+  if (context.settings.Get(setting::kAutoUpdate)) CheckForUpdate(context, true, host);
 }
 
 }  // namespace tagrix

@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "base/publisher.h"
 #include "core/context.h"
-#include "core/publisher.h"
 
 namespace tagrix {
 

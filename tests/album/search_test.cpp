@@ -1,195 +1,243 @@
+// Where the album page searches, what it shows of an answer, and what it says of one that didn't come.
 #include "album/search.h"
 
 #include <gtest/gtest.h>
 
 #include "album/fetch.h"
+#include "base/text.h"
 #include "core/dispatch.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "fakes/fakes.h"
+#include "dialogs/fixtures.h"
 
 namespace tagrix {
 namespace {
 
 using Texts = std::vector<std::wstring>;
 
-std::string Link(const std::string& rest) {
-  return "<a href=\"http://www.freedb.org/freedb_search_fmt.php?cat=" + rest + "</a>\r\n";
-}
+// Answers what it is told to, and writes down what it is asked.
+struct ScriptedSource : DiscSource {
+  SourceReply Search(const SearchQuery& query, const std::function<void(std::vector<DiscHit>)>& found,
+                     Progress&) override {
+    during();
+    asked.push_back((query.any ? L"any of " : L"") + query.words);
+    if (!hits.empty()) found(hits);
+    return reply;
+  }
+  SourceReply Read(const DiscHit& hit, std::optional<Disc>& read, Progress&) override {
+    during();
+    asked.push_back(hit.category + L"/" + hit.id);
+    read = disc;
+    return reply;
+  }
+  std::function<void()> during = [] {};
+  SourceReply reply;
+  std::vector<DiscHit> hits;
+  std::optional<Disc> disc;
+  Texts asked;
+};
 
-// The album page before a server that answers every request with `page`.
-struct AlbumSearch : testing::Test {
+struct AlbumSearch : testing::Test, TestContext {
   AlbumSearch() {
+    album.session.files.push_back({L"1.mp3"});
     album.mp3_lst.Add(L"1.mp3");
-    album.path_txt.SetText(L"C:\\Music\\The Lanterns");
-    album.fetch_btn.SetEnabled(false);
     album.apply_btn.SetEnabled(false);
-    test.socket.serve = [this](const std::string&) {
-      EXPECT_TRUE(IsBusy(test.context));
+    album.fetch_btn.SetEnabled(false);
+    brainz.during = freeDb.during = [this] {
+      status.push_back(context.status_lbl.Text());
+      EXPECT_TRUE(AtWork(context));
       for (const Button* button : {&album.go_btn, &album.fetch_btn, &album.apply_btn, &album.more_btn}) {
         EXPECT_FALSE(button->Enabled()) << button->Name();
       }
-      return "HTTP/1.0 200 OK\r\n\r\n" + page;
     };
   }
   void Go() {
-    RunCommand(test.context, [&] { GoClicked(album, test.context, http); });
+    RunCommand(context, [&] { GoClicked(album, context, sources); });
   }
-  void PressOk() {
-    test.prompts.dialogs.emplace_back([](Form& form) { form.defaultButton->Click(); });
+  // Presses Search, chooses the source at that position and presses OK.
+  void Search(int position) {
+    prompts.dialogs.emplace_back([position](Form& form) {
+      Find<TextBox>(form.layout, "query_txt").Type(L" words ");
+      Find<ComboBox>(form.layout, "source_cmb").Choose(position);
+      form.defaultButton->Click();
+    });
+    Go();
   }
-  std::string Asked() {
-    const std::string& request = test.socket.requests.back();
-    const size_t start = request.find("words=") + 6;
-    return request.substr(start, request.find('&') - start);
+  void Fetch(int row = 0) {
+    album.resalb_lst.SelectOnly(row);
+    RunCommand(context, [&] { FetchAlbum(album, context, sources); });
   }
 
-  TestContext test;
   AlbumPage album;
-  HttpClient http{test.context};
-  std::string page =
-      Link("rock&id=1\">\xC9t\xE9 / B") + Link("rock&id=2\"><font size=-1>A / B") + Link("jazz&id=3\">C / D");
+  ScriptedSource brainz, freeDb;
+  SourceList sources{{L"MusicBrainz", brainz}, {kFreeDbName, freeDb}};
+  Texts status;  // while a source was asked
 };
 
-TEST_F(AlbumSearch, ListsHitsAndWidensWithoutAsking) {
+TEST_F(AlbumSearch, AsksForWordsAndASource) {
+  const struct {
+    const wchar_t *folder, *stored;
+    const wchar_t *words, *source;  // shown
+    const wchar_t* typed;
+    int chosen;
+    bool ok;
+    const wchar_t *after, *storedAfter;
+  } table[] = {
+      {L"C:\\Music", L"", L"", L"MusicBrainz", L"words", 1, false, L"", L""},
+      {L"C:\\Music\\A - B", L"", L"A - B", L"MusicBrainz", L"A - B", 1, true, L"A - B", L"FreeDB"},
+      {L"C:\\Music\\", L"FreeDB", L"", L"<256>", L"  a  b ", 0, true, L"a  b", L"MusicBrainz"},
+      {L"C:\\Music\\", L"gone", L"", L"MusicBrainz", L"other", 1, false, L"a  b", L"gone"},  // the last words stay
+  };
+  for (const auto& expected : table) {
+    context.settings.Put(setting::kSource, expected.stored);
+    album.session.folder = expected.folder;
+    prompts.dialogs.emplace_back([&](Form& form) {
+      auto& words = Find<TextBox>(form.layout, "query_txt");
+      auto& source = Find<ComboBox>(form.layout, "source_cmb");
+      EXPECT_EQ(words.Text(), expected.words);
+      EXPECT_EQ(source.Count(), 2);
+      EXPECT_EQ(source.Text(), expected.source);
+      words.Type(expected.typed);
+      source.Choose(expected.chosen);
+      expected.ok ? form.defaultButton->Click() : form.RequestClose();
+      EXPECT_TRUE(form.Closing());
+    });
+    Go();
+    EXPECT_EQ(album.session.words, expected.after);
+    EXPECT_EQ(registry.GetRegValue(Hive::CurrentUser, kSettingsKey, L"Source"), expected.storedAfter);
+  }
+  EXPECT_EQ(freeDb.asked, Texts{L"A - B"});
+  EXPECT_EQ(brainz.asked, Texts(2, L"a  b"));
+}
+
+TEST_F(AlbumSearch, ListsHitsAndAsksTheSameSourceForMoreAndForTheDisc) {
   album.artist_txt.SetText(L"before");
   album.tracks_lst.Add(L"[01] before");
-  test.context.cancelled = true;  // from an operation before this one
-  PressOk();
-  Go();
-  EXPECT_EQ(Asked(), "The+Lanterns");
-  EXPECT_EQ(album.resalb_lst.Texts(), (Texts{L"Été / B", L"C / D"}));
-  EXPECT_EQ(album.categ_lst.Texts(), (Texts{L"rock", L"jazz"}));
-  EXPECT_EQ(album.discid_lst.Texts(), (Texts{L"1", L"3"}));
+  freeDb.hits = {{L"A / B", L"rock", L"1"}, {L"東 / 京", L"jazz", L"3"}};
+  Search(1);
+  EXPECT_EQ(album.resalb_lst.Texts(), (Texts{L"A / B", L"東 / 京"}));
   EXPECT_TRUE(album.go_btn.Enabled() && album.fetch_btn.Enabled() && album.more_btn.Enabled());
-  EXPECT_FALSE(album.apply_btn.Enabled());
+  EXPECT_FALSE(album.apply_btn.Enabled() || IsBusy(context));
   EXPECT_EQ(album.artist_txt.Text(), L"");
   EXPECT_EQ(album.tracks_lst.Count(), 0);
-  EXPECT_EQ(test.socket.State(), SocketState::Closed);
-  EXPECT_EQ(test.context.status_lbl.Text(), L"");
-  EXPECT_FALSE(IsBusy(test.context));
 
   album.apply_btn.SetEnabled(true);
-  RunCommand(test.context, [&] { MoreClicked(album, test.context, http); });
-  EXPECT_TRUE(test.prompts.questions.empty() && test.prompts.messages.empty());
-  EXPECT_EQ(Asked(), "The+OR+Lanterns");
+  context.settings.Put(setting::kSource, L"MusicBrainz");
+  RunCommand(context, [&] { MoreClicked(album, context, sources); });
+  EXPECT_TRUE(prompts.questions.empty());
   EXPECT_EQ(album.resalb_lst.Count(), 2);  // replaced
   EXPECT_FALSE(album.more_btn.Enabled());
-}
-
-TEST_F(AlbumSearch, CountsTheDownloadFromItsStartAndSaysWhenNothingIsFound) {
-  page = std::string(2048, ' ');
-  for (std::size_t i = 1; i <= 2; ++i) {
-    Texts shown;
-    test.events.eachTime = [&] { shown.push_back(test.context.status_lbl.Text()); };
-    PressOk();
-    Go();
-    EXPECT_EQ(shown.front(), L"Contacting FreeDB servers....");
-    EXPECT_NE(std::find(shown.begin(), shown.end(), L"Downloading : 2.02 Kb"), shown.end());
-    EXPECT_EQ(test.prompts.messages, Texts(i, TestText(message::kNothingFound)));
-    EXPECT_FALSE(album.fetch_btn.Enabled());
-  }
-}
-
-TEST_F(AlbumSearch, StopsQuietlyWithoutWords) {
-  Go();  // the dialog is closed
-  EXPECT_TRUE(test.socket.requests.empty());
-  EXPECT_TRUE(album.go_btn.Enabled());
-  EXPECT_FALSE(album.fetch_btn.Enabled() || album.more_btn.Enabled() || IsBusy(test.context));
-  // Closing it later keeps the words of the last search.
-  album.query_txt.SetText(L" last  words ");
-  Go();
-  EXPECT_EQ(Asked(), "last++words");
+  Fetch(1);
+  Fetch(-1);
+  EXPECT_EQ(freeDb.asked, (Texts{L"words", L"any of words", L"jazz/3"}));
+  Search(0);
+  EXPECT_EQ(brainz.asked, Texts{L"words"});
+  EXPECT_EQ(status[2], L"Contacting FreeDB servers....");
+  EXPECT_EQ(status[3], L"<257> MusicBrainz");
 }
 
 TEST_F(AlbumSearch, StaysBusyWhenItRefuses) {
-  album.mp3_lst.Clear();
+  album.session.files.clear();
   Go();
-  EXPECT_EQ(test.prompts.messages, Texts{TestText(message::kNoFiles)});
-  EXPECT_TRUE(IsBusy(test.context) && test.prompts.shown.empty());
+  EXPECT_EQ(prompts.messages, Texts{TestText(message::kNoFiles)});
+  EXPECT_TRUE(IsBusy(context) && prompts.shown.empty());
 
-  album.mp3_lst.Add(L"1.mp3");
+  album.session.files.push_back({L"1.mp3"});
   album.resalb_lst.Add(L"earlier");
   album.apply_btn.SetEnabled(true);
-  test.prompts.answers = {false};
+  prompts.answers = {false};
   Go();
-  EXPECT_EQ(test.prompts.questions, Texts{TestText(message::kDiscardAlbum)});
-  EXPECT_TRUE(IsBusy(test.context) && album.apply_btn.Enabled() && album.go_btn.Enabled());
+  EXPECT_EQ(prompts.questions, Texts{TestText(message::kDiscardAlbum)});
+  EXPECT_TRUE(IsBusy(context) && album.apply_btn.Enabled() && album.go_btn.Enabled());
   EXPECT_EQ(album.resalb_lst.Count(), 1);
-
-  test.context.settings.Put(L"HTTPPort", L"70000");
-  PressOk();  // and Yes: after a failure nothing is left to apply, and a new search can start
-  Go();
-  EXPECT_EQ(test.prompts.messages.size(), 2u);
-  EXPECT_TRUE(album.go_btn.Enabled());
-  EXPECT_FALSE(album.apply_btn.Enabled() || album.fetch_btn.Enabled() || IsBusy(test.context));
 }
 
-struct AlbumFetch : AlbumSearch {
-  AlbumFetch() {
-    for (const wchar_t* title : {L"A / B", L"C / D"}) album.resalb_lst.Add(title);
-    for (const wchar_t* category : {L"rock", L"jazz"}) album.categ_lst.Add(category);
-    for (const wchar_t* id : {L"1", L"3"}) album.discid_lst.Add(id);
-    album.resalb_lst.SelectOnly(1);
-    album.fetch_btn.SetEnabled(true);
-    page = Record(2, "DYEAR=1998\r\n");
-  }
-  static std::string Record(int tracks, const std::string& year) {
-    std::string lines = "210 jazz 3\r\n# Track frame offsets:\r\n";
-    for (int i = 0; i < tracks; ++i) lines += "# " + std::to_string(150 + 7500 * i) + "\r\n";
-    lines += "# Disc length: 1002 seconds\r\nDTITLE=Trio / Caf\xE9\r\n" + year;
-    for (int i = 0; i < tracks; ++i) lines += "TTITLE" + std::to_string(i) + "=t" + std::to_string(i) + "\r\n";
-    return lines + ".\r\n";
-  }
-  void Fetch() {
-    RunCommand(test.context, [&] { FetchAlbum(album, test.context, http); });
-  }
-};
+TEST_F(AlbumSearch, EachEndIsToldApartAndLeavesNothingToApply) {
+  const struct {
+    SourceReply reply;
+    std::wstring ofSearch, ofRead;  // empty: nothing is said
+  } table[] = {
+      {{Answer::Given}, L"<62>", L"<54>"},    {{Answer::Cancelled}, L"", L""},
+      {{Answer::NotReached}, L"258", L"258"}, {{Answer::Refused, L"503 Slow down"}, L"259", L"259"},
+      {{Answer::Refused}, L"260", L"<54>"},
+  };
+  const auto text = [&](const SourceReply& reply, const std::wstring& expected) {
+    if (expected.empty()) return Texts{};
+    if (expected[0] == L'<') return Texts{expected};
+    return Texts{FillMessage(context.Text(LeadingInteger(expected)), {L"MusicBrainz", reply.words})};
+  };
+  for (const auto& [reply, ofSearch, ofRead] : table) {
+    prompts.messages.clear();
+    brainz.reply = reply;
+    Search(0);
+    EXPECT_EQ(prompts.messages, text(reply, ofSearch));
+    EXPECT_FALSE(album.fetch_btn.Enabled());
+    EXPECT_TRUE(album.go_btn.Enabled() && !IsBusy(context));
 
-TEST_F(AlbumFetch, FillsTheDiscRecordAndOffersFakesForMissingFiles) {
-  test.prompts.answers = {false, true};
+    brainz.reply = {};
+    brainz.hits = {{L"A / B", L"rock", L"1"}};
+    Search(0);
+    brainz.disc = Disc{L"A", L"B", L"rock", L"1998", {{L"One"}}};
+    Fetch();
+    EXPECT_TRUE(album.apply_btn.Enabled());
+    prompts.messages.clear();
+    brainz.hits.clear();
+    brainz.disc.reset();
+    brainz.reply = reply;
+    Fetch();
+    EXPECT_EQ(prompts.messages, text(reply, ofRead));
+    EXPECT_EQ(album.album_txt.Text(), L"B");
+    EXPECT_EQ(TrackCount(album.session) + album.tracks_lst.Count(), 0);
+    EXPECT_FALSE(album.apply_btn.Enabled());
+  }
+}
+
+TEST_F(AlbumSearch, GoesOnAfterAFailure) {
+  album.session.hits = {{L"A / B", L"rock", L"1"}};
+  album.resalb_lst.Add(L"A / B");
+  brainz.during = [] { throw Failure(Action::Connect, L"", Cause::PortTooHigh); };
+  for (const bool search : {false, true}) {
+    album.apply_btn.SetEnabled(true);
+    search ? Search(0) : Fetch();
+    EXPECT_EQ(prompts.messages.size(), search ? 2U : 1U);
+    EXPECT_TRUE(album.go_btn.Enabled());
+    EXPECT_FALSE(album.apply_btn.Enabled() || IsBusy(context));
+  }
+}
+
+TEST_F(AlbumSearch, ShowsTheDiscAndOffersFakesForMissingFiles) {
+  album.session.hits = {{L"A / B", L"rock", L"1"}};
+  album.resalb_lst.Add(L"A / B");
+  brainz.disc = Disc{L"Trio ", L"Café", L"jazz", L"1998", {{L"One", 75}, {L"Two"}}};
+  prompts.answers = {false, true};
   Fetch();
-  EXPECT_TRUE(
-      test.socket.requests.at(0).starts_with("GET http://gnudb.gnudb.org/~cddb/cddb.cgi?cmd=cddb+read+jazz+3&"));
   EXPECT_EQ(album.artist_txt.Text(), L"Trio ");
   EXPECT_EQ(album.album_txt.Text(), L"Café");
   EXPECT_EQ(album.year_txt.Text(), L"1998");
   EXPECT_EQ(album.genre_txt.Text(), L"jazz");
-  EXPECT_EQ(album.new_lst.Texts(), (Texts{L"t0", L"t1"}));
-  EXPECT_EQ(album.new_lst.Value(0), 7500);
-  EXPECT_EQ(album.new_lst.Value(1), 1002 * 75 - 7650);
-  EXPECT_EQ(album.tracks_lst.Texts(), (Texts{L"[01] t0", L"[02] t1"}));
+  EXPECT_EQ(album.tracks_lst.Texts(), (Texts{L"[01] One", L"[02] Two"}));
+  EXPECT_EQ(album.session.disc.tracks[0].frames, 75);
   EXPECT_TRUE(album.apply_btn.Enabled() && album.go_btn.Enabled());
   EXPECT_EQ(album.mp3_lst.Count(), 1);
 
-  page = Record(11, "");
+  brainz.disc->year.reset();
+  brainz.disc->tracks.resize(3);
   Fetch();
-  EXPECT_EQ(test.prompts.questions, Texts(2, TestText(message::kOfferFakes)));
-  EXPECT_EQ(album.mp3_lst.Count(), 11);
-  EXPECT_EQ(album.mp3_lst.ItemText(10), kFakeTrack);
-  EXPECT_EQ(album.tracks_lst.ItemText(9), L"[10] t9");
   EXPECT_EQ(album.year_txt.Text(), L"2004");  // today's
-  Fetch();                                    // enough files: no question
-  EXPECT_EQ(test.prompts.questions.size(), 2u);
+  EXPECT_EQ(album.mp3_lst.Count(), 3);
+  EXPECT_TRUE(album.session.files.at(2).fake);
+  Fetch();  // enough files: no question
+  EXPECT_EQ(prompts.questions, Texts(2, TestText(message::kOfferFakes)));
 
-  album.resalb_lst.SelectOnly(-1);
-  Fetch();
-  EXPECT_EQ(test.socket.requests.size(), 3u);
-}
-
-TEST_F(AlbumFetch, KeepsWhatWasThereWhenItFails) {
-  album.mp3_lst.Add(L"2.mp3");
-  Fetch();
-  page = "401 No such CD entry in database.\r\n";
-  Fetch();
-  EXPECT_EQ(test.prompts.messages, Texts{TestText(message::kReadFailed)});
-  EXPECT_EQ(album.album_txt.Text(), L"Café");
-  EXPECT_EQ(album.new_lst.Count(), 0);
-  EXPECT_FALSE(album.apply_btn.Enabled());
-  album.apply_btn.SetEnabled(true);
-  test.context.settings.Put(L"HTTPPort", L"70000");
-  Fetch();
-  EXPECT_FALSE(album.apply_btn.Enabled());
-  EXPECT_TRUE(album.go_btn.Enabled() && album.fetch_btn.Enabled() && album.more_btn.Enabled());
+  album.tracks_lst.SelectOnly(1);
+  prompts.dialogs.emplace_back([](Form& form) {
+    Find<TextBox>(form.layout, "name_txt").Type(L" Nine ");
+    form.defaultButton->Click();
+  });
+  EditTrack(album, context);
+  EXPECT_EQ(album.tracks_lst.Texts(), (Texts{L"[01] One", L"[02]Nine", L"[03] "}));
+  album.tracks_lst.SelectOnly(-1);
+  EditTrack(album, context);  // without a selection nothing happens
 }
 
 }  // namespace

@@ -2,19 +2,21 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <regex>
 #include <set>
 #include <sstream>
 
+#include "base/failure.h"
 #include "core/messages.h"
 
 namespace tagrix {
 namespace {
 
-std::string ReadSource(const std::string& file) {
-  std::ifstream in(TAGRIX_SOURCE_DIR "/" + file, std::ios::binary);
+std::string ReadSource(const std::filesystem::path& file) {
+  std::ifstream in(TAGRIX_SOURCE_DIR / file, std::ios::binary);
   EXPECT_TRUE(in) << file;
   std::stringstream text;
   text << in.rdbuf();
@@ -25,103 +27,109 @@ std::string ReadSource(const std::string& file) {
 std::vector<std::string> Lines(const std::string& file) {
   std::vector<std::string> lines;
   std::istringstream in(ReadSource(file));
-  for (std::string line; std::getline(in, line);) {
+  for (std::string line; std::getline(in, line); lines.push_back(line.substr(0, line.size() - 1))) {
     EXPECT_TRUE(line.ends_with('\r')) << file << ": " << line;
-    lines.push_back(line.substr(0, line.size() - 1));
   }
   return lines;
 }
 
+std::vector<std::smatch> Matches(const std::string& text, const char* pattern) {
+  const std::regex regex(pattern);
+  return {std::sregex_iterator(text.begin(), text.end(), regex), std::sregex_iterator()};
+}
+
 std::multiset<std::string> Placeholders(const std::string& text) {
-  static const std::regex placeholder("%%\\w+%%");
-  return {std::sregex_token_iterator(text.begin(), text.end(), placeholder), std::sregex_token_iterator()};
+  std::multiset<std::string> found;
+  for (const std::smatch& match : Matches(text, "%%\\w+%%")) found.insert(match.str());
+  return found;
 }
 
-class LanguageFile : public testing::TestWithParam<const char*> {
- protected:
-  std::string Text(int message) const { return lines_.at(static_cast<std::size_t>(message)).substr(3); }
-  // The letter after the one "&" that doesn't stand before another "&"; 0 without one.
-  char AccessKey(int message) const {
-    const std::string text = Text(message);
-    const auto mark = text.find('&');
-    return mark == std::string::npos ? '\0' : static_cast<char>(std::toupper(text.at(mark + 1)));
-  }
-  const std::vector<std::string> lines_ = Lines(std::string("assets/") + GetParam());
-};
-
-TEST_P(LanguageFile, NumbersEveryMessage) {
-  ASSERT_EQ(lines_.size(), static_cast<std::size_t>(message::kCount));
-  for (int i = 0; i < message::kCount; ++i) {
-    const std::string& line = lines_.at(static_cast<std::size_t>(i));
-    ASSERT_GE(line.size(), 4U) << i;
-    EXPECT_EQ(std::stoi(line.substr(0, 3)), i);
-    EXPECT_NE(line.at(3), ' ') << i;
-    EXPECT_NE(line.back(), ' ') << i;
-  }
-}
+constexpr int kLastCause = message::kFirstCause - 1 + static_cast<int>(Cause::NamesTaken);
+static_assert(message::kFirstAction + static_cast<int>(Action::Tag) + 1 == message::kFirstCause);
 
 // The header is the list of the messages in use; a comment on a line of one message names its placeholders.
-TEST_P(LanguageFile, HasATextForEveryNameOfTheHeader) {
-  const std::regex name("\\bk\\w+ = (\\d+)");
-  std::set<int> named;
-  std::istringstream header(ReadSource("src/core/messages.h"));
-  for (std::string line; std::getline(header, line);) {
-    for (std::sregex_iterator found(line.begin(), line.end(), name), end; found != end; ++found) {
-      const int number = std::stoi((*found)[1]);
-      if (number >= message::kCount) continue;
-      EXPECT_TRUE(named.insert(number).second) << number << " has two names";
-      EXPECT_NE(Text(number), "-") << number;
-      EXPECT_EQ(Placeholders(Text(number)), Placeholders(line)) << number;
+struct Header {
+  Header() {
+    std::istringstream header(ReadSource("src/core/messages.h"));
+    for (std::string line; std::getline(header, line);) {
+      for (const std::smatch& match : Matches(line, "\\bk(\\w+) = (\\d+)")) {
+        if (match[1] == "Count" || match[1] == "FirstMore") continue;
+        const int number = std::stoi(match[2]);
+        numbers[match[1]] = number;
+        EXPECT_TRUE(placeholders.emplace(number, Placeholders(line)).second) << number << " has two names";
+      }
+    }
+    for (int i = message::kFirstAction; i <= kLastCause; ++i) placeholders.try_emplace(i);
+  }
+  std::map<std::string, int> numbers;
+  std::map<int, std::multiset<std::string>> placeholders;
+};
+
+// A language file and its companion.
+struct LanguageFiles : testing::TestWithParam<const char*> {
+  LanguageFiles() {
+    for (const auto& [ending, first] : {std::pair(".lf", 0), {".lfx", message::kFirstMore}}) {
+      int number = first;
+      for (const std::string& line : Lines(std::string("assets/") + GetParam() + ending)) lines[number++] = line;
     }
   }
-  EXPECT_GT(named.size(), 130U);
-  for (int i = 0; i < message::kCount; ++i) {
-    EXPECT_TRUE(named.contains(i) || Text(i) == "-") << i << " has a text and no name";
+  std::string Text(int message) const { return lines.at(message).substr(3); }
+  std::map<int, std::string> lines;
+  Header header;
+};
+
+TEST_P(LanguageFiles, HoldEveryMessageOfTheHeader) {
+  const int last = header.placeholders.rbegin()->first;
+  EXPECT_EQ(lines.size(), static_cast<std::size_t>(message::kCount + last + 1 - message::kFirstMore));
+  EXPECT_EQ(lines.rbegin()->first, last);
+  for (const auto& [number, line] : lines) {
+    ASSERT_GE(line.size(), 4U) << number;
+    EXPECT_EQ(std::stoi(line.substr(0, 3)), number);
+    EXPECT_TRUE(line[3] != ' ' && line.back() != ' ') << number;
+    EXPECT_EQ(line.find('\xC3'), line.npos) << "UTF-8 instead of windows-1252: " << number;
+    EXPECT_EQ(Text(number) != "-", header.placeholders.contains(number)) << number;
+    EXPECT_EQ(Placeholders(line), header.placeholders[number]) << number;
   }
 }
 
-TEST_P(LanguageFile, GivesNoTwoCaptionsOfAPageTheSameAccessKey) {
-  namespace m = message;
-  const std::map<std::string, std::vector<int>> pages = {
-      {"album",
-       {m::kSearch, m::kRetrieve, m::kApply, m::kMore, m::kBrowse, m::kClear, m::kAddFake, m::kAutoSort, m::kStatistics,
-        m::kDelete, m::kRename, m::kCreatePlaylist, m::kId3v2, m::kId3v1, m::kUndo, m::kCancel}},
-      {"lister", {m::kBrowse, m::kNameColon, m::kPatternColon, m::kRecurseSubfolders, m::kStart, m::kCancel}},
-      {"bulk",
-       {m::kAddFiles, m::kAddFolder, m::kDelete, m::kReset, m::kSpaces, m::kMultiSpaces, m::kUnderscores, m::kUnmerge,
-        m::kCase, m::kLowerCase, m::kUpperCase, m::kCapitals, m::kStart, m::kUndo, m::kCancel}},
-      {"playlist",
-       {m::kBrowse, m::kFileName, m::kAddFiles, m::kAddFolder, m::kDelete, m::kReset, m::kStart, m::kCancel}},
-      {"burn", {m::kAddFiles, m::kAddFolder, m::kDelete, m::kReset, m::kBurn, m::kCancel}},
-      {"setup",
-       {m::kChooseLanguage, m::kOk, m::kBypass, m::kAutoUpdate, m::kPatternColon, m::kPlaylistInAlbum,
-        m::kPlaylistInParent, m::kPlaylistInFolder, m::kBrowse, m::kChooseServer, m::kUseProxy, m::kServerColon,
-        m::kPortColon, m::kCgiPath, m::kHttpPort, m::kCancel}},
-      {"about", {m::kCheckForUpdates, m::kSupport, m::kWebSite, m::kCancel}},
-      {"automatic sort", {m::kFastSort, m::kQuadraticSort, m::kAutoSort, m::kConfirmSort, m::kCancel}},
-      {"folder chooser", {m::kRecurse, m::kOk, m::kCancel}},
+// Each page and each dialog lists its captions in one file; the Cancel button stands beside every page.
+TEST_P(LanguageFiles, GiveNoTwoCaptionsOfAPageTheSameAccessKey) {
+  const auto key = [&](int message) {
+    const std::string text = Text(message);
+    const auto found = Matches(text, "&(.)");
+    EXPECT_LE(found.size(), 1U) << text;
+    return found.empty() ? 0 : std::toupper(found[0].str()[1]);
   };
-  for (const auto& [page, captions] : pages) {
-    std::set<char> keys;
-    for (const int caption : captions) {
-      EXPECT_NE(AccessKey(caption), '\0') << page << ": " << Text(caption);
-      EXPECT_TRUE(keys.insert(AccessKey(caption)).second) << page << ": " << Text(caption);
+  std::size_t pages = 0;
+  for (const auto& file : std::filesystem::recursive_directory_iterator(TAGRIX_SOURCE_DIR "/src")) {
+    if (file.path().extension() != ".cpp") continue;
+    std::map<int, std::string> keys{{key(message::kCancel), "Cancel"}};
+    const std::string source = ReadSource(file.path());
+    for (const std::smatch& caption : Matches(source, "\\{\\w+\\.(\\w+), message::k(\\w+)\\}")) {
+      const std::string control = caption[1], name = caption[2];
+      const int own = key(header.numbers.at(name));
+      EXPECT_TRUE(own == 0 || keys.try_emplace(own, name).first->second == name) << file << control;
+      const bool pressed = !Matches(control, "_(btn|chk|rdo|opt)$").empty() && control != "helpgenre_btn";
+      EXPECT_TRUE(own != 0 || !pressed) << file << control;
     }
+    if (keys.size() > 1) ++pages;
   }
-  for (int i = 0; i < m::kCount; ++i) EXPECT_EQ(Text(i).find('&'), Text(i).rfind('&')) << Text(i);
+  EXPECT_GT(pages, 9U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Assets, LanguageFile, testing::Values("english.lf", "french.lf"),
-                         [](const auto& language) { return std::string(language.param).substr(0, 6); });
+INSTANTIATE_TEST_SUITE_P(Assets, LanguageFiles, testing::Values("english", "french"),
+                         [](const auto& language) { return std::string(language.param); });
+
+TEST(BuiltInEnglish, IsAscii) {
+  for (const char c : ReadSource("assets/english.lfx")) ASSERT_GT(c, '\0');
+}
 
 // Line i names genre 147 - i.
 TEST(GenreList, IsCompleteAndDescends) {
   const std::vector<std::string> names = Lines("assets/styles.dat");
-  ASSERT_EQ(names.size(), 148U);
   EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), 148U);
-  EXPECT_EQ(names.at(147 - 0), "Blues");
-  EXPECT_EQ(names.at(147 - 17), "Rock");
-  EXPECT_EQ(names.at(147 - 147), "Synthpop");
+  EXPECT_EQ(names.front(), "Synthpop");
+  EXPECT_EQ(names.back(), "Blues");
 }
 
 }  // namespace

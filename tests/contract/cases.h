@@ -7,15 +7,12 @@
 #include <string>
 
 #ifdef _WIN32
-#include <optional>
-
-#include "contract/win32_loopback.h"
-#include "win32/clock.h"
-#include "win32/code_page.h"
-#include "win32/event_loop.h"
-#include "win32/files.h"
-#include "win32/ftp_client.h"
-#include "win32/registry.h"
+#include "win32/ports/code_page.h"
+#include "win32/ports/files.h"
+#include "win32/ports/ftp_client.h"
+#include "win32/ports/registry.h"
+#include "win32/ports/tcp_socket.h"
+#include "win32/windows/event_loop.h"
 #else
 #include "fakes/fakes.h"
 #endif
@@ -26,44 +23,44 @@ namespace tagrix {
 
 using RegistryCase = WinRegistry;
 using CodePageCase = WinCodePage;
-using ClockCase = WinClock;
+// What with_servers.py tells in an environment variable.
+std::string Place(const char* name);
 // Of the current user.
 void DeleteRegistryKey(const std::wstring& key);
 
 struct FilesCase {
-  FilesCase();  // empties the folder
-  ~FilesCase();
-  FilesCase(const FilesCase&) = delete;
-  FilesCase& operator=(const FilesCase&) = delete;
+  FilesCase();
   // A Wine that lets read-only files be written and doesn't change the letter case of names.
   static bool Lenient();
   static void SetReadOnly(const std::wstring& path);
   // False when this system makes no links.
   bool AddLink(const std::wstring& path);
+  // Of some network share; empty when there is none.
+  static std::wstring ShareRoot();
 
   WinFiles files;
   std::wstring folder;
 };
 
-// The server is a real one, which the environment names.
+// The servers of both are real ones, which the environment names (see with_servers.py).
 struct FtpCase : FilesCase {
   FtpCase();
-  static bool HasServer();
   static void Offer(const std::string& path, const std::string& content);
+  void Silence();  // from now on the server takes connections and says nothing
+  static int RefusingPort();
 
   WinEventLoop events;
-  WinFtpClient ftp{2};
+  WinFtpClient ftp;
   FtpRequest request;
 };
 
-// A real server answers a request (ended by an empty line); with `close` it closes afterwards. `Serve` says on which
-// port.
+// At the echoing port each request (up to an empty line) comes back; after one that begins with "close" the server
+// closes the connection.
 struct SocketCase {
-  int Serve(const std::string& answer, bool close);
-  static int Refuse() { return RefusedPort(); }
+  static int EchoingPort();
+  static int RefusingPort() { return FtpCase::RefusingPort(); }
 
   WinEventLoop events;
-  std::optional<LoopbackServer> server;  // outlives the socket, whose end it waits for
   WinTcpSocket socket;
 };
 
@@ -71,7 +68,6 @@ struct SocketCase {
 
 using RegistryCase = FakeRegistry;
 using CodePageCase = FakeCodePage;
-using ClockCase = FakeClock;
 inline void DeleteRegistryKey(const std::wstring&) {}
 
 struct FilesCase {
@@ -85,8 +81,8 @@ struct FilesCase {
 };
 
 struct FtpCase : FilesCase {
-  static bool HasServer() { return true; }
   void Offer(const std::string& path, const std::string& content) { ftp.remote[Widen(path)] = content; }
+  void Silence() { ftp.stall = true; }
 
   FakeEvents events;
   FakeFtp ftp{events, files};
@@ -94,14 +90,16 @@ struct FtpCase : FilesCase {
 };
 
 struct SocketCase {
-  int Serve(const std::string& answer, bool close) {
-    socket.serve = [answer](const std::string&) { return answer; };
-    socket.closeAfterAnswer = close;
+  int EchoingPort() {
+    socket.serve = [this](const std::string& request) {
+      socket.closeAfterAnswer = request.starts_with("close");
+      return request;
+    };
     return 80;
   }
-  int Refuse() {
+  int RefusingPort() {
     socket.serve = nullptr;
-    return 80;
+    return 81;
   }
 
   FakeEvents events;

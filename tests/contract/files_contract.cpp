@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/failure.h"
 #include "contract/cases.h"
-#include "core/failure.h"
 
 namespace tagrix {
 namespace {
@@ -39,34 +39,41 @@ TEST_F(FilesContract, FindsWhatIsThereInOneLook) {
   EXPECT_EQ(file->name, L"Été 01.mp3");
   EXPECT_EQ(file->size, 5U);
   EXPECT_FALSE(file->folder || file->link || file->readOnly);
-  for (const wchar_t* path : {L"SUB", L"SUB\\"}) {
-    const auto folder = files_.Find(At(path));
-    ASSERT_TRUE(folder) << path;
-    EXPECT_TRUE(folder->folder);
-    EXPECT_EQ(folder->name, L"Sub");
-    EXPECT_EQ(folder->size, 0U);
-  }
+  const auto folder = files_.Find(At(L"SUB\\"));
+  ASSERT_TRUE(folder);
+  EXPECT_TRUE(folder->folder);
+  EXPECT_EQ(folder->name, L"Sub");
   for (const wchar_t* path : {L"missing", L"missing\\a.mp3", L"Été 01.mp3\\b", L"Sub\\*", L"*.mp3", L"Été 0?.mp3"}) {
     EXPECT_FALSE(Has(At(path))) << path;
   }
-  EXPECT_FALSE(Has(L""));
 }
 
 TEST_F(FilesContract, ABareDriveIsItsRoot) {
-  for (const wchar_t* root : {L"C:", L"C:\\", L"c:"}) {
+  for (const wchar_t* root : {L"C:", L"c:\\"}) {
     const auto found = files_.Find(root);
     ASSERT_TRUE(found) << root;
     EXPECT_TRUE(found->folder);
     EXPECT_EQ(Listed(root), Listed(L"C:\\"));
   }
   const Names drives = files_.Drives();
-  for (const wchar_t* drive : {L"C:", L"Q:"}) {
-    const bool there = drive[0] == L'C';
-    EXPECT_EQ(Has(drive), there);
-    EXPECT_EQ(std::count(drives.begin(), drives.end(), drive), there ? 1 : 0);
-    EXPECT_EQ(files_.HasVolumeLabel(drive), there);
+  EXPECT_EQ(std::count(drives.begin(), drives.end(), L"C:"), 1);
+  EXPECT_TRUE(files_.HasVolumeLabel(L"C:"));
+  EXPECT_FALSE(files_.HasVolumeLabel(L"Q:"));
+}
+
+#ifdef _WIN32
+TEST_F(FilesContract, TheRootOfANetworkShareIsAFolder) {
+  const std::wstring root = case_.ShareRoot();
+  if (root.empty()) GTEST_SKIP() << "No share is there.";
+  EXPECT_FALSE(files_.Find(root + L"\\missing"));
+  for (const std::wstring& path : {root, root + L"\\"}) {
+    const auto found = files_.Find(path);
+    ASSERT_TRUE(found);
+    EXPECT_TRUE(found->folder);
+    EXPECT_NO_THROW(Listed(path));
   }
 }
+#endif
 
 TEST_F(FilesContract, ReadsAndWritesAtAnyPlace) {
   const std::wstring path = At(L"a.bin");
@@ -79,18 +86,15 @@ TEST_F(FilesContract, ReadsAndWritesAtAnyPlace) {
     EXPECT_EQ(file->Size(), 9U);
     char bytes[4] = "???";
     EXPECT_EQ(file->Read(7, bytes, 4), 2U);  // a created file can be read, too
-    EXPECT_EQ(std::string(bytes, 2), std::string("\0x", 2));
-    EXPECT_EQ(file->Read(9, bytes, 4), 0U);
     EXPECT_EQ(file->Read(1'000'000'000'000, bytes, 4), 0U);
   }
-  EXPECT_EQ(Content(path), std::string("hEllo\0\0\0x", 9));
   files_.OpenForWriting(path)->Write(9, "yz");
   EXPECT_EQ(Content(path), std::string("hEllo\0\0\0xyz", 11));
   EXPECT_EQ(files_.Find(path)->size, 11U);
+  EXPECT_THROW(files_.OpenForReading(path)->Write(0, "no"), Failure);
   files_.Create(path);
   EXPECT_EQ(Content(path), "");
   EXPECT_EQ(files_.Find(path)->size, 0U);
-  EXPECT_THROW(files_.OpenForReading(path)->Write(0, "no"), Failure);
 }
 
 TEST_F(FilesContract, FailsWhereNothingIsAndSaysWhy) {
@@ -99,46 +103,77 @@ TEST_F(FilesContract, FailsWhereNothingIsAndSaysWhy) {
   const std::wstring missing = At(L"missing");
   EXPECT_THROW(files_.OpenForWriting(missing), Failure);
   EXPECT_THROW(files_.Create(missing + L"\\a"), Failure);
-  EXPECT_THROW(files_.Create(At(L"a?b")), Failure);
   EXPECT_THROW(files_.Rename(missing, At(L"b")), Failure);
   EXPECT_THROW(files_.Rename(At(L"a"), missing + L"\\b"), Failure);
-  EXPECT_THROW(files_.Rename(At(L"a"), At(L"a<b")), Failure);
   EXPECT_THROW(files_.Replace(missing, At(L"a")), Failure);
   EXPECT_THROW(files_.Delete(missing), Failure);
   EXPECT_THROW(files_.Delete(At(L"Sub")), Failure);
   EXPECT_THROW(files_.CreateFolder(missing + L"\\b"), Failure);
-  EXPECT_THROW(files_.CreateFolder(At(L"sub\\")), Failure);
   EXPECT_THROW(files_.CreateFolder(At(L"A")), Failure);
   EXPECT_THROW(Listed(missing), Failure);
   EXPECT_THROW(Content(At(L"Sub")), Failure);
-  EXPECT_THROW(Content(L""), Failure);
   EXPECT_EQ(Listed(case_.folder), (Names{L"Sub", L"a"}));
   EXPECT_EQ(Content(At(L"a")), "a");
   try {
     files_.OpenForReading(missing);
     FAIL();
   } catch (const Failure& failure) {
-    EXPECT_FALSE(failure.Operation().empty());
+    EXPECT_EQ(failure.Tried(), Action::Open);
     EXPECT_EQ(failure.Path(), missing);
     EXPECT_GT(failure.Reason().size(), 5U);
     EXPECT_EQ(failure.Reason().find_first_of(L"\r\n"), failure.Reason().npos);
   }
 }
 
+#ifdef _WIN32
+
+TEST_F(FilesContract, NothingIsCalledLikeADeviceOrByARefusedCharacter) {
+  Put(At(L"a"), "a");
+  using std::string_literals::operator""s;
+  for (const auto& name : {L"CON"s, L"nul.mp3"s, L"b?"s, L"b:c"s, L"b<"s, L"b\tc"s, L"a\0b"s}) {
+    SCOPED_TRACE(testing::PrintToString(name));
+    const std::wstring path = At(name);
+    EXPECT_FALSE(Has(path));
+    EXPECT_THROW(files_.OpenForReading(path), Failure);
+    EXPECT_THROW(files_.OpenForWriting(path), Failure);
+    EXPECT_THROW(files_.Create(path), Failure);
+    EXPECT_THROW(files_.CreateFolder(path), Failure);
+    EXPECT_THROW(files_.Rename(At(L"a"), path), Failure);
+    EXPECT_THROW(files_.Replace(At(L"a"), path), Failure);
+    EXPECT_THROW(files_.Delete(path), Failure);
+    EXPECT_THROW(Listed(path), Failure);
+  }
+  EXPECT_EQ(Listed(case_.folder), Names{L"a"});
+}
+
+TEST_F(FilesContract, PathsMayBeLongerThan260Characters) {
+  std::wstring folder = case_.folder;
+  while (folder.size() < 400) {
+    folder += L"\\" + std::wstring(60, L'x');
+    files_.CreateFolder(folder);
+  }
+  const std::wstring path = folder + L"\\a long way down.mp3", other = folder + L"\\b.mp3";
+  Put(path, "a");
+  ASSERT_TRUE(Has(path + L". "));
+  EXPECT_EQ(Listed(folder), Names{L"a long way down.mp3"});
+  files_.Rename(path, other);
+  Put(path, "new");
+  files_.Replace(path, other);
+  EXPECT_EQ(Content(other), "new");
+  files_.Delete(other);
+  EXPECT_EQ(Listed(folder), Names{});
+}
+
+#endif
+
 TEST_F(FilesContract, RenamesNeverOverAnotherFileUnlessToldToReplace) {
   files_.CreateFolder(At(L"Sub"));
   Put(At(L"a.mp3"), "a");
   Put(At(L"B.mp3"), "b");
-  files_.Rename(At(L"A.mp3"), At(L"c.mp3"));
-  EXPECT_EQ(Listed(case_.folder), (Names{L"B.mp3", L"Sub", L"c.mp3"}));
-  EXPECT_THROW(files_.Rename(At(L"c.mp3"), At(L"b.MP3")), Failure);
-  files_.Rename(At(L"c.mp3"), At(L"SUB\\Deep.mp3"));
+  EXPECT_THROW(files_.Rename(At(L"a.mp3"), At(L"b.MP3")), Failure);
+  EXPECT_THROW(files_.Rename(At(L"a.mp3"), At(L"Sub")), Failure);
+  files_.Rename(At(L"A.mp3"), At(L"SUB\\Deep.mp3"));
   EXPECT_EQ(Listed(At(L"sub")), Names{L"Deep.mp3"});
-  EXPECT_THROW(files_.Rename(At(L"B.mp3"), At(L"Sub\\deep.mp3")), Failure);
-  EXPECT_THROW(files_.Rename(At(L"B.mp3"), At(L"Sub")), Failure);
-  EXPECT_EQ(Content(At(L"Sub\\Deep.mp3")), "a");
-  files_.Rename(At(L"B.mp3"), At(L"B.mp3"));
-  EXPECT_EQ(Content(At(L"B.mp3")), "b");
   Put(At(L"b.MP3"), "new");  // the same file
   EXPECT_EQ(Listed(case_.folder), (Names{L"B.mp3", L"Sub"}));
   EXPECT_EQ(Content(At(L"B.mp3")), "new");
@@ -159,10 +194,6 @@ TEST_F(FilesContract, ReadOnlyFilesAreLeftAlone) {
   case_.SetReadOnly(At(L"a.mp3"));
   files_.Rename(At(L"a.mp3"), path);  // its content is protected, not its name
   EXPECT_TRUE(files_.Find(path)->readOnly);
-  files_.List(case_.folder, L"*.mp3", [](const FileInfo& info) {
-    EXPECT_TRUE(info.readOnly);
-    return true;
-  });
   EXPECT_THROW(files_.Delete(path), Failure);
   EXPECT_EQ(Content(path), "a");
   if (FilesCase::Lenient()) GTEST_SKIP() << "This Wine lets read-only files be written.";
@@ -189,33 +220,30 @@ TEST_F(FilesContract, OpenFilesCanBeReadButNotMoved) {
     EXPECT_THROW(files_.OpenForWriting(path), Failure);
     EXPECT_THROW(files_.Create(path), Failure);
   }
-  EXPECT_EQ(Content(At(L"new.tmp")), "new");
   files_.Replace(At(L"new.tmp"), path);
   files_.Delete(path);
-  EXPECT_FALSE(Has(path));
+  EXPECT_EQ(Listed(case_.folder), Names{});
 }
 
 TEST_F(FilesContract, ListsNamesKindsAndSizes) {
   const std::wstring folder = At(L"Sub");
   files_.CreateFolder(folder);
   EXPECT_EQ(Listed(folder), Names{});
-  Put(folder + L"\\one.mp3", "1");
   Put(folder + L"\\Two.MP3", "22");
   Put(folder + L"\\none", "");
   files_.CreateFolder(folder + L"\\Deep");
   Put(folder + L"\\Deep\\hidden.mp3", "");
-  EXPECT_EQ(Listed(folder), (Names{L"Deep", L"Two.MP3", L"none", L"one.mp3"}));
-  EXPECT_EQ(Listed(folder + L"\\", L"*.*"), (Names{L"Deep", L"Two.MP3", L"none", L"one.mp3"}));
-  EXPECT_EQ(Listed(folder, L"*.mp3"), (Names{L"Two.MP3", L"one.mp3"}));
+  EXPECT_EQ(Listed(folder + L"\\", L"*.*"), (Names{L"Deep", L"Two.MP3", L"none"}));
+  EXPECT_EQ(Listed(folder, L"*.mp3"), (Names{L"Two.MP3"}));
   EXPECT_EQ(Listed(folder, L"*.ogg"), Names{});
   int calls = 0;
   files_.List(folder, L"*", [&](const FileInfo& info) {
     EXPECT_EQ(info.folder, info.name == L"Deep");
-    EXPECT_EQ(info.size, info.name == L"one.mp3" ? 1U : info.name == L"Two.MP3" ? 2U : 0U);
+    EXPECT_EQ(info.size, info.name == L"Two.MP3" ? 2U : 0U);
     EXPECT_FALSE(info.link || info.readOnly);
-    return ++calls < 3;
+    return ++calls < 2;
   });
-  EXPECT_EQ(calls, 3);
+  EXPECT_EQ(calls, 2);
 }
 
 TEST_F(FilesContract, LinksAreMarked) {
@@ -223,28 +251,6 @@ TEST_F(FilesContract, LinksAreMarked) {
   if (!case_.AddLink(At(L"Sub\\up"))) GTEST_SKIP() << "No link can be made here.";
   EXPECT_TRUE(files_.Find(At(L"Sub\\up"))->link);
   EXPECT_EQ(Listed(At(L"Sub")), Names{L"up"});
-  files_.List(At(L"Sub"), L"*", [](const FileInfo& info) {
-    EXPECT_TRUE(info.link && info.folder);
-    return true;
-  });
-}
-
-TEST_F(FilesContract, PathsMayBeLongerThan260Characters) {
-  std::wstring folder = case_.folder;
-  while (folder.size() < 400) {
-    folder += L"\\" + std::wstring(60, L'x');
-    files_.CreateFolder(folder);
-  }
-  const std::wstring path = folder + L"\\a long way down.mp3", other = folder + L"\\b.mp3";
-  Put(path, "a");
-  ASSERT_TRUE(Has(path));
-  EXPECT_EQ(Listed(folder), Names{L"a long way down.mp3"});
-  files_.Rename(path, other);
-  Put(path, "new");
-  files_.Replace(path, other);
-  EXPECT_EQ(Content(other), "new");
-  files_.Delete(other);
-  EXPECT_EQ(Listed(folder), Names{});
 }
 
 }  // namespace

@@ -1,48 +1,41 @@
 // What a test does to the ports of Windows from outside.
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <vector>
+#include <stdexcept>
 
+#include "base/text.h"
 #include "contract/cases.h"
 
 namespace tagrix {
-namespace {
 
-// Removes a folder that may be missing, may hold long paths and read-only files.
-void RemoveTree(WinFiles& files, const std::wstring& folder) {
-  if (!files.Find(folder)) return;
-  std::vector<FileInfo> entries;
-  files.List(folder, L"*", [&](const FileInfo& info) {
-    entries.push_back(info);
-    return true;
-  });
-  for (const FileInfo& entry : entries) {
-    const std::wstring path = folder + L"\\" + entry.name;
-    if (entry.folder && !entry.link) {
-      RemoveTree(files, path);
-    } else {
-      SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-      files.Delete(path);
-    }
-  }
-  RemoveDirectoryW((L"\\\\?\\" + folder).c_str());
+std::string Place(const char* name) {
+  const char* place = std::getenv(name);
+  if (place == nullptr) throw std::runtime_error(std::string(name) + " is missing: with_servers.py must run this");
+  return place;
 }
-
-}  // namespace
 
 void DeleteRegistryKey(const std::wstring& key) { RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str()); }
 
-FilesCase::FilesCase() : folder((std::filesystem::temp_directory_path() / "tagrix.contract").wstring()) {
-  RemoveTree(files, folder);
+FilesCase::FilesCase() {
+  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+  folder = Widen("Z:" + Place("TAGRIX_FOLDER") + "/" + test.name());
+  std::replace(folder.begin(), folder.end(), L'/', L'\\');
   files.CreateFolder(folder);
 }
-
-FilesCase::~FilesCase() { RemoveTree(files, folder); }
 
 bool FilesCase::Lenient() { return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr; }
 
 void FilesCase::SetReadOnly(const std::wstring& path) { SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY); }
+
+std::wstring FilesCase::ShareRoot() {
+  const std::wstring own = L"\\\\localhost\\C$";
+  if (!Lenient()) return GetFileAttributesW(own.c_str()) == INVALID_FILE_ATTRIBUTES ? L"" : own;
+  // Wine's shares are folders of its prefix.
+  std::filesystem::create_directories("Z:" + Place("WINEPREFIX") + "/dosdevices/unc/server/share");
+  return L"\\\\server\\share";
+}
 
 bool FilesCase::AddLink(const std::wstring& path) {
   return CreateSymbolicLinkW(path.c_str(), L"..", SYMBOLIC_LINK_FLAG_DIRECTORY) != 0 && files.Find(path);
@@ -52,22 +45,18 @@ FtpCase::FtpCase() {
   request.user = L"someone";
   request.password = L"secret";
   request.host = L"127.0.0.1";
-  if (HasServer()) request.port = std::atoi(std::getenv("TAGRIX_FTP_PORT"));
+  request.port = std::stoi(Place("TAGRIX_FTP_PORT"));
 }
-
-bool FtpCase::HasServer() { return std::getenv("TAGRIX_FTP_PORT") != nullptr; }
 
 void FtpCase::Offer(const std::string& path, const std::string& content) {
-  std::ofstream("Z:" + std::string(std::getenv("TAGRIX_FTP_FOLDER")) + path, std::ios::binary) << content;
+  std::ofstream("Z:" + Place("TAGRIX_FTP_FOLDER") + path, std::ios::binary) << content;
 }
 
-int SocketCase::Serve(const std::string& answer, bool close) {
-  server.emplace([answer, close](Peer& peer) {
-    if (peer.ReadTo("\r\n\r\n").empty()) return;
-    peer.Write(answer);
-    if (!close) peer.ReadTo("");
-  });
-  return server->Port();
-}
+// The server that echoes speaks only when it is spoken to.
+void FtpCase::Silence() { request.port = SocketCase::EchoingPort(); }
+
+int FtpCase::RefusingPort() { return std::stoi(Place("TAGRIX_REFUSED_PORT")); }
+
+int SocketCase::EchoingPort() { return std::stoi(Place("TAGRIX_ECHO_PORT")); }
 
 }  // namespace tagrix

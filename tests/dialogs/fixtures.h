@@ -2,11 +2,13 @@
 #ifndef TAGRIX_TESTS_DIALOGS_FIXTURES_H
 #define TAGRIX_TESTS_DIALOGS_FIXTURES_H
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "fakes/fakes.h"
+#include "forms/lists.h"
 #include "forms/picture.h"
 
 namespace tagrix {
@@ -18,6 +20,15 @@ inline std::string SmallMp3(int milliseconds) {
 }
 
 inline void PressOk(Form& form) { Find<Button>(form.layout, "ok_btn").Click(); }
+
+// Opens a folder in the folder chooser and agrees.
+inline std::function<void(Form&)> Pick(std::wstring folder, bool recurse = false) {
+  return [folder = std::move(folder), recurse](Form& form) {
+    Find<TreeBox>(form.layout, "Dir1").SetPath(folder);
+    if (recurse) Find<CheckBox>(form.layout, "recurse_chk").Click();
+    PressOk(form);
+  };
+}
 
 // Keeps what is drawn.
 struct SketchCanvas : Canvas {

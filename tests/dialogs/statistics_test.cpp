@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "core/messages.h"
-#include "core/session.h"
 #include "dialogs/fixtures.h"
 
 namespace tagrix {
@@ -21,48 +20,45 @@ struct ShowingPrompts : FakePrompts {
 
 struct StatisticsTest : testing::Test, TestContext {
   StatisticsTest() {
+    session.folder = L"C:\\m";
     files.Put(L"C:\\m\\a.mp3", SmallMp3(1500));
     files.Put(L"C:\\m\\noise.mp3", std::string(4000, 'x'));
     files.Put(L"C:\\m\\b.mp3", SmallMp3(6000));
-    for (const wchar_t* name : {L"a.mp3", L"noise.mp3", kFakeTrack, L"gone.mp3", L"b.mp3"}) mp3_lst.Add(name, 7);
-    for (int i = 0; i < 5; ++i) new_lst.Add(L"Title", 75);
+    session.files = {{L"a.mp3", 7}, {L"noise.mp3", 7}, AlbumFile::Fake(), {L"gone.mp3", 7}, {L"b.mp3", 7}};
+    session.disc.tracks.assign(5, {L"Title", 75});
   }
-  ListBox mp3_lst{"mp3_lst", true}, new_lst{"new_lst"};
+  AlbumSession session;
 };
 
 TEST_F(StatisticsTest, MeasuresEveryFileAndShowsTheDeviations) {
   const auto text = [](Form& form, const char* name) { return Find<Label>(form.layout, name).Text(); };
   prompts.dialogs.emplace_back([&](Form& form) {
-    EXPECT_EQ(text(form, "maximum_value_lbl") + text(form, "global_value_lbl") + text(form, "quadratic_value_lbl"),
-              L"5.0 s2.8 s3.6 s");
-    EXPECT_EQ(text(form, "fakes_value_lbl") + text(form, "verdict_lbl"), L"1" + TestText(message::kVerdictPartlyFits));
+    EXPECT_EQ(text(form, "maximum_value_lbl"), L"5.0 s");
+    EXPECT_EQ(text(form, "global_value_lbl"), L"2.8 s");
+    EXPECT_EQ(text(form, "quadratic_value_lbl"), L"3.6 s");
+    EXPECT_EQ(text(form, "fakes_value_lbl"), L"1");
+    EXPECT_EQ(text(form, "verdict_lbl"), TestText(message::kVerdictPartlyFits));
     const auto& places = Find<ListBox>(form.layout, "places_lst");
-    EXPECT_EQ(places.cell(0, 5) + places.cell(1, 5) + places.cell(2, 5),
-              L"+0.5 s" + TestText(message::kUnmeasured) + TestText(message::kWithoutFile));
-    EXPECT_EQ(places.cell(4, 1) + places.cell(4, 2) + places.cell(4, 3) + places.cell(4, 4), L"b.mp30:06Title0:01");
+    EXPECT_EQ(places.cell(0, 5), L"+0.5 s");
+    EXPECT_EQ(places.cell(1, 5), TestText(message::kUnmeasured));
+    EXPECT_EQ(places.cell(2, 5), TestText(message::kWithoutFile));
+    const wchar_t* last[] = {L"5", L"b.mp3", L"0:06", L"Title", L"0:01", L"+5.0 s"};
+    for (int column = 0; column < 6; ++column) EXPECT_EQ(places.cell(4, column), last[column]);
     PressOk(form);
-    EXPECT_TRUE(form.Closing());
   });
-  ShowStatistics(context, L"C:\\m", mp3_lst, new_lst);
+  ShowStatistics(context, session);
   const int times[] = {1500, 0, 0, 0, 6000};
-  for (int i = 0; i < 5; ++i) EXPECT_EQ(mp3_lst.Value(i), times[i]) << i;
+  for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(session.files[i].milliseconds, times[i]) << i;
   EXPECT_TRUE(prompts.messages.empty());
-
-  new_lst.Clear();
-  prompts.dialogs.emplace_back([&](Form& form) {
-    EXPECT_EQ(text(form, "verdict_lbl") + text(form, "maximum_value_lbl"),
-              TestText(message::kVerdictNothing) + L"\u2013");
-  });
-  ShowStatistics(context, L"C:\\m", mp3_lst, new_lst);
 }
 
 TEST_F(StatisticsTest, StopsMeasuringWhenItIsClosed) {
   ShowingPrompts showing;
   events.eachTime = [&] { showing.open->RequestClose(); };
-  Context other{Ports{files, registry, codePage, events, clock, shell, showing, socket, ftp}, L"C:\\Tagrix"};
-  ShowStatistics(other, L"C:\\m", mp3_lst, new_lst);
-  EXPECT_EQ(mp3_lst.Value(0), 1500);
-  EXPECT_EQ(mp3_lst.Value(4), 0);
+  Context other{Ports{files, registry, codePage, events, clock, shell, showing, socket, ftp, https}, L"C:\\Tagrix"};
+  ShowStatistics(other, session);
+  EXPECT_EQ(session.files[0].milliseconds, 1500);
+  EXPECT_EQ(session.files[4].milliseconds, 0);
 }
 
 }  // namespace

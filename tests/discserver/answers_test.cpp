@@ -1,59 +1,202 @@
-#include "discserver/answers.h"
-
+// What is answered: searches and their ranking, the gateway's replies, MusicBrainz's JSON.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <regex>
+#include <nlohmann/json.hpp>
+
+#include "discserver/cddb.h"
+#include "discserver/disc_server.h"
+#include "discserver/freedb_page.h"
+#include "discserver/import.h"
+#include "discserver/lucene.h"
+#include "discserver/musicbrainz.h"
+#include "discserver/search.h"
+#include "discserver/xmcd.h"
 
 namespace discserver {
 namespace {
 
-struct DiscServer : testing::Test {
-  const std::vector<Record> sample = LoadRecords(TAGRIX_RECORDS);
+struct Answers : testing::Test {
+  Answers() : store(Sample(folder)) {}
+  static std::string Sample(const TemporaryFolder& folder) {
+    StoreWriter writer(folder / "discs.db");
+    const std::string various =
+        "# Track frame offsets:\n#\t150\n#\t7650\n#\n# Disc length: 302 seconds\nDTITLE=Various / "
+        "Hits\nTTITLE0=A feat. B / Song\nTTITLE1=Tune\n";
+    writer.Add({{"misc", "0000ee02", "Various / Hits"}, 0, various});
+    const auto add = [&writer](const std::string& id, const std::string& title) {
+      writer.Add({{"data", id, title}, 0, "DTITLE=" + title + "\n"});
+    };
+    add("0000dd01", "The Long Road Band / The Long Love of the Road");
+    add("0000dd02", "Love / The Road");
+    add("0000dd03", "Zither / Some Other Thing Entirely Long");
+    add("47013c08", "Twin / Id");
+    writer.Finish();
+    Import({TAGRIX_RECORDS}, folder / "discs.db", [](const ImportCounts&) {});
+    return folder / "discs.db";
+  }
+  std::string Found(const Query& query) {
+    std::string ids;
+    for (const Hit& hit : Search(store, query, kMostHits)) ids += (ids.empty() ? "" : " ") + hit.disc.id;
+    return ids;
+  }
+  std::string Cddb(const std::string& command, const std::string& protocol = "6", const std::string& artist = "",
+                   const std::string& album = "") {
+    return AnswerCddb(store, {command, "Orvin host Tagrix 1.0.0", protocol, artist, album, "box:18080"}).text;
+  }
+
+  TemporaryFolder folder;
+  Store store;
 };
 
-TEST_F(DiscServer, FindsAllWordsOrAnyOfThem) {
-  const auto found = [this](std::string_view words) {
-    std::string ids;
-    for (const Record* record : FindByWords(sample, words)) ids += record->category + "/" + record->id + " ";
-    return ids;
-  };
-  EXPECT_EQ(found("low TIDE - Lanterns"), "rock/36048005 ");
-  EXPECT_EQ(found("tide OR bloom"), "rock/36048005 rock/44055806 ");
-  EXPECT_EQ(found("tide bloom"), "");
-  EXPECT_EQ(found("caf\xC9"), "jazz/2404fc04 ");  // capitals beyond ASCII, too
-  EXPECT_EQ(found("lantern"), "");                // whole words only
-  EXPECT_EQ(found(" - "), "");
+TEST_F(Answers, SearchRanksHits) {
+  const struct {
+    const char *words, *ids;
+  } kCases[] = {{"low TIDE - Lanterns", "36048005"},
+                {"CAF\u00C9", "2404fc04"},
+                {"cafe", "2404fc04"},        // accents don't count
+                {"lantern", ""},             // whole words only,
+                {"lant* tide", "36048005"},  // but for prefixes
+                {"tide bloom", ""},
+                {"tide OR bloom", "44055806 36048005"},
+                {"love road", "0000dd02 0000dd01"},  // the short title first
+                {"the OR long OR zither", "0000dd03 0000dd01 0000dd02 36048005 47013c08 4b013d08 a3071c0c"},
+                {" - \u2013 *", ""},
+                {"OR", ""},
+                {"\"love\" (road NEAR artist:", ""}};
+  for (const auto& [words, ids] : kCases) EXPECT_EQ(Found(WordsQuery(words)), ids) << words;
+  EXPECT_EQ(Found(ArtistAndAlbumQuery("love", "road")), "0000dd02");
+  EXPECT_EQ(Found(ArtistAndAlbumQuery("love", "")), "0000dd02");
+  EXPECT_EQ(Found(ArtistAndAlbumQuery("love road", "love road")), "0000dd02 0000dd01");
 }
 
-TEST_F(DiscServer, AnswersReadCommands) {
-  const std::string hello = "Orvin host Tagrix 1.0.0";
-  const std::string reply = CddbReply(sample, "cddb read rock 47013c08", hello);
-  EXPECT_TRUE(reply.starts_with("210 rock 47013c08 ")) << reply;
-  EXPECT_TRUE(reply.ends_with("PLAYORDER=\r\n.\r\n")) << reply;
-  EXPECT_TRUE(CddbReply(sample, "cddb read jazz 47013c08", hello).starts_with("401 "));
-  EXPECT_TRUE(CddbReply(sample, "cddb read rock 47013c08", "Orvin").starts_with("409 "));
-  EXPECT_TRUE(CddbReply(sample, "cddb read rock", hello).starts_with("500 "));
+TEST_F(Answers, LuceneQueries) {
+  const struct {
+    const char *query, *ids;
+  } kCases[] = {{"release:road AND artist:love", "0000dd02"},
+                {"artist:love && release:(road the)", "0000dd02"},
+                {"release:\"long love\"", "0000dd01"},
+                {"release:\"love long\"", ""},
+                {"love -band", "0000dd02"},
+                {"love AND NOT artist:band", "0000dd02"},
+                {"+road artist:zither", "0000dd02 0000dd01"},
+                {"(artist:zith* OR release:hits~0.8)^2 AND Various", "0000ee02"},
+                {"tide bloom", "44055806 36048005"},
+                {"caf\\\u00E9 \\- \\(du\\:", "2404fc04"},
+                {"zith\\*", ""},
+                {"-love", ""},
+                {"", ""}};
+  for (const auto& [query, ids] : kCases) EXPECT_EQ(Found(ParseLucene(query)), ids) << query;
+  for (const char* query :
+       {"(love", "love)", "\"love", "love AND", "release:", "country:DE", "date:[1 TO 2]", "AND", "a OR", "^2"}) {
+    EXPECT_THROW(ParseLucene(query), QueryError) << query;
+  }
+  EXPECT_THROW(ParseLucene(std::string(100'000, '(')), QueryError);
+  std::string long_query;
+  for (int i = 0; i < 1000; ++i) long_query += "a ";
+  EXPECT_THROW(ParseLucene(long_query), QueryError);
+}
+
+TEST_F(Answers, PageIsWhatTheProgramReads) {
+  const std::string page = SearchPage(store, "http://www.freedb.org", "CAF\xC9");
+  EXPECT_EQ(
+      page,
+      "<html>\r\n<head><title>Search results</title></head>\r\n<body>\r\n<h2>Discs with CAF\xC9</h2>\r\n<table>\r\n"
+      "<tr><td>jazz</td><td><a href=\"http://www.freedb.org/freedb_search_fmt.php?cat=jazz&id=2404fc04\">Odile "
+      "Fontan\xE8s Trio / Caf\xE9 du L\xE9zard</a></td></tr>\r\n</table>\r\n</body>\r\n</html>\r\n");
+  const std::string twice = SearchPage(store, "http://a", "harbour <lights");
+  EXPECT_NE(twice.find("with harbour &lt;lights<"), twice.npos);
+  EXPECT_NE(twice.find("id=4b013d08\"><font size=-1>The Paper Lanterns / Harbour Lights</font></a>"), twice.npos);
+}
+
+TEST_F(Answers, GatewayReplies) {
+  const struct {
+    const char *command, *protocol, *begin, *holds;
+  } kCases[] = {
+      {"cddb read jazz 2404fc04", "6", "210 jazz 2404fc04 ", "\r\nDTITLE=Odile Fontan\u00E8s Trio / Caf\u00E9"},
+      {"CDDB READ jazz 2404FC04", "5", "210 jazz 2404fc04 ", "Caf\xE9 du L\xE9zard\r\nDYEAR=1962\r\n"},
+      {"cddb read jazz 2404fc04", "", "210 ", "L\xE9zard\r\nTTITLE0="},  // without year and genre
+      {"cddb read jazz 47013c08", "6", "401 jazz 47013c08 ", "\r\n"},
+      {"cddb read rock", "6", "500 ", "\r\n"},
+      {"cddb query 36048005 5 150 16211 30286 48514 63655 1154", "6", "200 rock 36048005 The Paper Lanterns / Low",
+       "\r\n"},
+      {"cddb query 47013c08 1 150 300", "4", "210 ", "data 47013c08 Twin / Id\r\nrock 47013c08 The"},
+      {"cddb query 47013c08 1 150 300", "3", "211 ", "\r\n.\r\n"},
+      {"cddb query ffffffff 1 150 300", "6", "202 ", "\r\n"},
+      {"cddb lscat", "6", "210 ", "\r\nmisc\r\n"},
+      {"stat", "6", "210 ", "Database entries: 17\r\n"},
+      {"sites", "6", "210 ", "\r\nbox http 18080 /~cddb/cddb.cgi N000.00"},
+      {"sites", "1", "210 ", "\r\nbox 18080 N000.00"},
+      {"motd", "6", "401 ", "\r\n"},
+      {"ver", "6", "200 ", "\r\n"},
+      {"help", "6", "210 ", "\r\n.\r\n"},
+      {"cddb read rock 47013c08", "7", "501 ", "\r\n"},
+      {"cddb", "6", "500 ", "\r\n"},
+      {"", "6", "500 ", "\r\n"}};
+  for (const auto& [command, protocol, begin, holds] : kCases) {
+    const std::string reply = Cddb(command, protocol);
+    EXPECT_TRUE(reply.starts_with(begin) && reply.find(holds) != reply.npos && reply.ends_with("\r\n"))
+        << command << ": " << reply;
+  }
+  EXPECT_EQ(
+      Cddb("search", "5", "", "caf\u00E9"),
+      "200 Found 1 matches, list follows (until terminating `.')\r\njazz 2404fc04 Odile Fontan\xE8s Trio / Caf\xE9 du "
+      "L\xE9zard\r\n.\r\n");
+  EXPECT_TRUE(Cddb("search", "6", "nobody", "nothing").starts_with("202 "));
+  EXPECT_EQ(AnswerCddb(store, {"stat", "Orvin host", "6", "", "", ""}).text, "409 No handshake.\r\n");
+}
+
+TEST_F(Answers, ReleasesAreMadeFromRecords) {
+  const auto found = nlohmann::json::parse(FindReleases(store, "release:hits", 10));
+  ASSERT_EQ(found["count"], 1);
+  const auto& hit = found["releases"][0];
+  EXPECT_EQ(hit["score"], 100);
+  EXPECT_EQ(hit["track-count"], 2);
+  EXPECT_FALSE(hit.contains("date"));
+  const auto various = nlohmann::json::parse(Release(store, hit["id"].get<std::string>()).value());
+  EXPECT_EQ(various["artist-credit"][0]["name"], "Various");
+  const auto& tracks = various["media"][0]["tracks"];
+  ASSERT_EQ(tracks.size(), 2U);
+  EXPECT_EQ(tracks[0]["title"], "Song");
+  EXPECT_EQ(tracks[0]["artist-credit"][0]["joinphrase"], " feat. ");
+  EXPECT_EQ(tracks[0]["artist-credit"][1]["name"], "B");
+  EXPECT_EQ(tracks[0]["length"], 100'000);
+  EXPECT_EQ(tracks[1]["position"], 2);
+  EXPECT_EQ(tracks[1]["recording"]["length"], 200'000);
+  EXPECT_EQ(tracks[1]["artist-credit"][0]["name"], "Various");
+  // Ids tell discs with one disc id apart, and stay what they are.
+  EXPECT_NE(ReleaseId({"data", "47013c08", ""}), ReleaseId({"rock", "47013c08", ""}));
+  const auto rock = nlohmann::json::parse(Release(store, ReleaseId({"rock", "36048005", ""})).value());
+  EXPECT_EQ(rock["title"], "Low Tide");
+  EXPECT_EQ(rock["date"], "2001");
+  EXPECT_EQ(rock["genres"][0]["name"], "indie rock");
+  EXPECT_EQ(rock["genres"][0]["count"], 2);
+  EXPECT_EQ(rock["genres"][1]["name"], "rock");
+  EXPECT_FALSE(Release(store, "47013c08-0000-0000-0000-000000000000"));
+  EXPECT_FALSE(Release(store, ""));
 }
 
 // A disc id holds the digits of all start seconds, the playing time and the number of tracks.
-TEST_F(DiscServer, HasRecordsWhoseIdsFitTheirOffsets) {
-  EXPECT_GE(sample.size(), 10u);
-  for (const Record& record : sample) {
+TEST_F(Answers, SampleRecordsHaveIdsThatFitTheirOffsets) {
+  int discs = 0;
+  for (const auto& file : std::filesystem::recursive_directory_iterator(TAGRIX_RECORDS)) {
+    if (!file.is_regular_file()) continue;
+    const auto record = store.Find(file.path().parent_path().filename().string(), file.path().filename().string());
+    ASSERT_TRUE(record);
     int first = -1, digits = 0, tracks = 0;
-    const std::regex offset("#\t(\\d+)\r\n");
-    for (std::sregex_iterator i(record.text.begin(), record.text.end(), offset), end; i != end; ++i, ++tracks) {
-      const int second = std::stoi((*i)[1]) / 75;
+    for (std::size_t at = record->text.find("\n#\t"); at != record->text.npos;
+         at = record->text.find("\n#\t", at + 1)) {
+      const int second = std::stoi(record->text.substr(at + 3)) / 75;
       if (first < 0) first = second;
       for (const char digit : std::to_string(second)) digits += digit - '0';
+      ++tracks;
     }
-    std::smatch length;
-    ASSERT_TRUE(std::regex_search(record.text, length, std::regex("# Disc length: (\\d+) seconds")));
+    const int length = std::stoi(Value(record->text, "# Disc length: "));
     char id[9];
-    std::snprintf(id, sizeof id, "%02x%04x%02x", digits % 255 & 0xFF, (std::stoi(length[1]) - first) & 0xFFFF,
-                  tracks & 0xFF);
-    EXPECT_EQ(id, record.id);
+    std::snprintf(id, sizeof id, "%02x%04x%02x", digits % 255 & 0xFF, (length - first) & 0xFFFF, tracks & 0xFF);
+    EXPECT_EQ(id, record->disc.id);
+    ++discs;
   }
+  EXPECT_GE(discs, 10);
 }
 
 }  // namespace

@@ -1,15 +1,18 @@
 #include "fakes/fake_files.h"
 
-#include "core/failure.h"
-#include "core/paths.h"
+#include <algorithm>
+
+#include "base/failure.h"
+#include "base/letter_case.h"
+#include "base/paths.h"
 
 namespace tagrix {
 namespace {
 
 std::wstring Parent(const std::wstring& path) { return WithoutBackslash(std::wstring(FolderPart(path))); }
 
-void Check(bool allowed, const wchar_t* operation, const std::wstring& path) {
-  if (!allowed) throw Failure(operation, path, L"Windows would refuse that.");
+void Check(bool allowed, Action action, const std::wstring& path) {
+  if (!allowed) throw Failure(action, path, L"Windows would refuse that.");
 }
 
 // Whether a name matches "*.*" or a pattern of a star and an ending.
@@ -35,18 +38,18 @@ class FakeFiles::OpenFile : public File {
 
   std::uint64_t Size() override { return entry_.info.size; }
   std::size_t Read(std::uint64_t offset, char* buffer, std::size_t count) override {
-    files_.Call(L"Read", path_);
+    files_.Call(Action::Read, path_);
     return offset < Size() ? entry_.content.copy(buffer, count, static_cast<std::size_t>(offset)) : 0;
   }
   void Write(std::uint64_t offset, std::string_view bytes) override {
-    files_.Call(L"Write", path_);
-    Check(writable_, L"Write", path_);
+    files_.Call(Action::Write, path_);
+    Check(writable_, Action::Write, path_);
     const auto at = static_cast<std::size_t>(offset);
     if (entry_.content.size() < at + bytes.size()) entry_.content.resize(at + bytes.size());
     entry_.content.replace(at, bytes.size(), bytes);
     entry_.info.size = entry_.content.size();
   }
-  void Flush() override { files_.Call(L"Flush", path_); }
+  void Flush() override { files_.Call(Action::Write, path_); }
 
  private:
   FakeFiles& files_;
@@ -96,23 +99,15 @@ std::vector<std::wstring> FakeFiles::AllFiles() const {
   return paths;
 }
 
-void FakeFiles::Call(const wchar_t* operation, const std::wstring& path) {
+void FakeFiles::Call(Action action, const std::wstring& path) {
   if (beforeCall) beforeCall(path);
-  if (failAt_ > 0) Check(--failAt_ > 0, operation, path);
+  if (failAt_ > 0) Check(--failAt_ > 0, action, path);
 }
 
-FakeFiles::Entry& FakeFiles::Need(const wchar_t* operation, const std::wstring& path, bool folder) {
+FakeFiles::Entry& FakeFiles::Need(Action action, const std::wstring& path, bool folder) {
   const auto found = entries_.find(WithoutBackslash(path));
-  Check(found != entries_.end() && found->second.info.folder == folder, operation, path);
+  Check(found != entries_.end() && found->second.info.folder == folder, action, path);
   return found->second;
-}
-
-// What a new name needs: its folder, and to be one.
-void FakeFiles::NeedPlaceFor(const wchar_t* operation, const std::wstring& path) {
-  Need(operation, Parent(path), true);
-  const std::wstring_view name = FileNamePart(path);
-  const bool valid = !name.empty() && name.find_first_of(L"/:?*\"<>|") == name.npos;
-  Check(valid && !name.ends_with(L' ') && !name.ends_with(L'.'), operation, path);
 }
 
 std::optional<FileInfo> FakeFiles::Find(const std::wstring& path) {
@@ -120,27 +115,27 @@ std::optional<FileInfo> FakeFiles::Find(const std::wstring& path) {
   return found == entries_.end() ? std::nullopt : std::optional(found->second.info);
 }
 
-std::unique_ptr<File> FakeFiles::Open(const wchar_t* operation, const std::wstring& path, bool writable) {
-  Entry& entry = Need(operation, path, false);
-  Check(!writable || !(entry.info.readOnly || entry.writing), operation, path);
+std::unique_ptr<File> FakeFiles::Open(Action action, const std::wstring& path, bool writable) {
+  Entry& entry = Need(action, path, false);
+  Check(!writable || !(entry.info.readOnly || entry.writing), action, path);
   return std::make_unique<OpenFile>(*this, path, entry, writable);
 }
 
 std::unique_ptr<File> FakeFiles::OpenForReading(const std::wstring& path) {
-  Call(L"Open", path);
-  return Open(L"Open", path, false);
+  Call(Action::Open, path);
+  return Open(Action::Open, path, false);
 }
 
 std::unique_ptr<File> FakeFiles::OpenForWriting(const std::wstring& path) {
-  Call(L"Open", path);
-  return Open(L"Open", path, true);
+  Call(Action::Open, path);
+  return Open(Action::Open, path, true);
 }
 
 std::unique_ptr<File> FakeFiles::Create(const std::wstring& path) {
-  Call(L"Create", path);
-  NeedPlaceFor(L"Create", path);
+  Call(Action::Create, path);
+  Need(Action::Create, Parent(path), true);
   if (!Has(path)) Put(path);
-  auto file = Open(L"Create", path, true);
+  auto file = Open(Action::Create, path, true);
   Put(path);
   return file;
 }
@@ -153,40 +148,40 @@ void FakeFiles::Move(const std::wstring& from, const std::wstring& to) {
 }
 
 void FakeFiles::Rename(const std::wstring& from, const std::wstring& to) {
-  Call(L"Rename", from);
-  Check(Need(L"Rename", from, false).open == 0, L"Rename", from);
-  NeedPlaceFor(L"Rename", to);
-  Check(!Has(to) || EqualIgnoringCase(from, to), L"Rename", to);
+  Call(Action::Rename, from);
+  Check(Need(Action::Rename, from, false).open == 0, Action::Rename, from);
+  Need(Action::Rename, Parent(to), true);
+  Check(!Has(to) || EqualIgnoringCase(from, to), Action::Rename, to);
   Move(from, to);
 }
 
 void FakeFiles::Replace(const std::wstring& from, const std::wstring& over) {
-  Call(L"Replace", over);
-  Check(Need(L"Replace", from, false).open == 0, L"Replace", over);
-  const Entry& target = Need(L"Replace", over, false);
-  Check(target.open == 0 && !target.info.readOnly, L"Replace", over);
+  Call(Action::Replace, over);
+  Check(Need(Action::Replace, from, false).open == 0, Action::Replace, over);
+  const Entry& target = Need(Action::Replace, over, false);
+  Check(target.open == 0 && !target.info.readOnly, Action::Replace, over);
   const std::wstring path = entries_.extract(over).key();
   Move(from, path);
 }
 
 void FakeFiles::Delete(const std::wstring& path) {
-  Call(L"Delete", path);
-  const Entry& entry = Need(L"Delete", path, false);
-  Check(entry.open == 0 && !entry.info.readOnly, L"Delete", path);
+  Call(Action::Delete, path);
+  const Entry& entry = Need(Action::Delete, path, false);
+  Check(entry.open == 0 && !entry.info.readOnly, Action::Delete, path);
   entries_.extract(path);
 }
 
 void FakeFiles::CreateFolder(const std::wstring& path) {
-  Call(L"Create folder", path);
-  NeedPlaceFor(L"Create folder", path);
-  Check(!Has(path), L"Create folder", path);
-  AddFolder(path);
+  Call(Action::CreateFolder, path);
+  Need(Action::CreateFolder, Parent(WithoutBackslash(path)), true);
+  Check(!Has(path), Action::CreateFolder, path);
+  AddFolder(WithoutBackslash(path));
 }
 
 void FakeFiles::List(const std::wstring& folder, const std::wstring& pattern,
                      const std::function<bool(const FileInfo&)>& entry) {
-  Call(L"List", folder);
-  Need(L"List", folder, true);
+  Call(Action::List, folder);
+  Need(Action::List, folder, true);
   const std::wstring prefix = WithBackslash(folder);
   std::vector<FileInfo> found;
   for (auto at = entries_.upper_bound(prefix); at != entries_.end(); ++at) {

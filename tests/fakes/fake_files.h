@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "core/text.h"
+#include "base/failure.h"
+#include "base/letter_case.h"
+#include "base/text.h"
 #include "platform/files.h"
 
 namespace tagrix {
@@ -58,10 +60,9 @@ class FakeFiles : public Files {
     bool writing = false;   // and whether once of them for writing
   };
 
-  void Call(const wchar_t* operation, const std::wstring& path);
-  Entry& Need(const wchar_t* operation, const std::wstring& path, bool folder);
-  void NeedPlaceFor(const wchar_t* operation, const std::wstring& path);
-  std::unique_ptr<File> Open(const wchar_t* operation, const std::wstring& path, bool writable);
+  void Call(Action action, const std::wstring& path);
+  Entry& Need(Action action, const std::wstring& path, bool folder);
+  std::unique_ptr<File> Open(Action action, const std::wstring& path, bool writable);
   void Move(const std::wstring& from, const std::wstring& to);
 
   std::map<std::wstring, Entry, LessIgnoringCase> entries_;  // by path, drive roots as "C:"

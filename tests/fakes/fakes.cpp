@@ -114,27 +114,43 @@ void FakeFtp::Download(const FtpRequest& request) {
   events_.Post([this, request, transfer = ++transfer_] {
     if (transfer != transfer_) return;
     const auto found = remote.find(request.remoteFolder + L"/" + request.remoteFile);
-    if (found != remote.end()) {
+    const bool whole = found != remote.end() && (request.limit == 0 || found->second.size() <= request.limit);
+    if (whole) {
       files_.Put(request.localPath, found->second);
       if (progress) progress(found->second.size(), found->second.size());
     }
-    if (ended) ended(found != remote.end());
+    if (ended) ended(whole);
   });
 }
 
 TestContext::TestContext() {
+  constexpr int kMore = 100;
   for (int n = 0; n < message::kCount; ++n) context.language.lng_lst.push_back(TestText(n));
+  for (int n = 0; n < kMore; ++n) context.language.more.push_back(TestText(message::kFirstMore + n));
 }
 
 std::wstring TestText(int n) {
-  static const std::map<int, std::wstring> placeholders = {
-      {message::kRenameFailed, L" %%FIC%%"},      {message::kReadOnly, L" %%1%%"},
-      {message::kNewVersion, L" %%1%%"},          {message::kDownloadComplete, L" %%1%%"},
-      {message::kInstallerNotStarted, L" %%1%%"}, {message::kAuthors, L" %%1%%"},
-      {message::kVerdictFileMissing, L" %%1%%"},  {message::kVerdictFileTooMany, L" %%1%%"},
-      {message::kApplyClash, L" %%1%% %%2%%"},    {message::kUndoClash, L" %%1%% %%2%%"},
-      {message::kBulkSummary, L" %%1%% %%2%%"},   {message::kMeasuring, L" %%1%% %%2%%"},
-      {message::kVersion, L" %%1%%.%%2%%.%%3%%"}, {message::kUpToDate, L" %%1%% %%2%%.%%3%%.%%4%%"}};
+  static const std::map<int, std::wstring> placeholders = {{message::kRenameFailed, L" %%FIC%%"},
+                                                           {message::kContactingSource, L" %%1%%"},
+                                                           {message::kNotReached, L" %%1%%"},
+                                                           {message::kRefused, L" %%1%% %%2%%"},
+                                                           {message::kNoDiscAnswer, L" %%1%%"},
+                                                           {message::kReadOnly, L" %%1%%"},
+                                                           {message::kNewVersion, L" %%1%%"},
+                                                           {message::kDownloadComplete, L" %%1%%"},
+                                                           {message::kInstallerNotStarted, L" %%1%%"},
+                                                           {message::kAuthors, L" %%1%%"},
+                                                           {message::kVerdictFileMissing, L" %%1%%"},
+                                                           {message::kVerdictFileTooMany, L" %%1%%"},
+                                                           {message::kApplyClash, L" %%1%% %%2%%"},
+                                                           {message::kUndoClash, L" %%1%% %%2%%"},
+                                                           {message::kBulkSummary, L" %%1%% %%2%%"},
+                                                           {message::kMeasuring, L" %%1%% %%2%%"},
+                                                           {message::kVersion, L" %%1%%.%%2%%.%%3%%"},
+                                                           {message::kTagFailure, L" %%1%% %%2%%"},
+                                                           {message::kFoldersNotRead, L" %%1%%"},
+                                                           {message::kNoSuchFolder, L" %%1%%"},
+                                                           {message::kUpToDate, L" %%1%% %%2%%.%%3%%.%%4%%"}};
   const auto found = placeholders.find(n);
   return L"<" + std::to_wstring(n) + L">" + (found == placeholders.end() ? L"" : found->second);
 }

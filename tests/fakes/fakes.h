@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/letter_case.h"
 #include "core/context.h"
-#include "core/text.h"
 #include "fakes/fake_files.h"
 
 namespace tagrix {
@@ -143,7 +143,35 @@ class FakeFtp : public FtpClient {
   int transfer_ = 0;
 };
 
-// A context on fakes, with the texts of messages 0 to 177 being "<0>" to "<177>" (those with placeholders hold them).
+// An HTTPS client whose server is a function.
+class FakeHttps : public HttpsClient {
+ public:
+  explicit FakeHttps(FakeEvents& events) : events_(events) {}
+
+  void Get(const HttpsRequest& request) override {
+    Close();
+    requests.push_back(request);
+    if (stall) return;
+    events_.Post([this, request, number = number_] {
+      if (number != number_) return;
+      HttpsAnswer answer = serve ? serve(request) : HttpsAnswer();
+      if (answer.body.size() > request.limit) answer = {HttpsAnswer::End::TooLong};
+      Close();
+      if (ended) ended(std::move(answer));
+    });
+  }
+  void Close() override { ++number_; }
+
+  std::function<HttpsAnswer(const HttpsRequest&)> serve;  // none: not reached
+  std::vector<HttpsRequest> requests;
+  bool stall = false;  // the server never answers
+
+ private:
+  FakeEvents& events_;
+  int number_ = 0;
+};
+
+// A context on fakes, whose texts are "<0>", "<1>" and so on (those with placeholders hold them).
 struct TestContext {
   TestContext();
 
@@ -156,7 +184,8 @@ struct TestContext {
   FakePrompts prompts;
   FakeSocket socket{events};
   FakeFtp ftp{events, files};
-  Context context{Ports{files, registry, codePage, events, clock, shell, prompts, socket, ftp}, L"C:\\Tagrix"};
+  FakeHttps https{events};
+  Context context{Ports{files, registry, codePage, events, clock, shell, prompts, socket, ftp, https}, L"C:\\Tagrix"};
 };
 
 // What message `n` is in a TestContext.

@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "core/failure.h"
+#include "base/failure.h"
 #include "fakes/fakes.h"
+#include "fakes/quiet_progress.h"
 
 namespace tagrix {
 namespace {
@@ -15,15 +16,16 @@ struct Http : testing::Test {
   void Answer(const std::string& answer) {
     test.socket.serve = [answer](const std::string&) { return answer; };
   }
-  std::string Get(std::wstring url) { return http.GetWebSite(url); }
+  std::string Get(std::wstring url) { return http.GetWebSite(url, progress); }
 
   TestContext test;
-  HttpClient http{test.context};
+  QuietProgress progress;
+  HttpClient http{{test.socket, test.events, test.codePage, test.context.settings}};
 };
 
 TEST_F(Http, SendsTheAbsoluteAddress) {
   std::wstring url = L"  http://host.example  ";
-  EXPECT_EQ(http.GetWebSite(url), kOk);
+  EXPECT_EQ(http.GetWebSite(url, progress), kOk);
   EXPECT_EQ(url, L"http://host.example/");
   EXPECT_EQ(test.socket.requests, (std::vector<std::string>{"GET http://host.example/ HTTP/1.0\r\n"
                                                             "Accept: */*\r\n"
@@ -44,7 +46,7 @@ TEST_F(Http, TakesTheHostFromTheAddress) {
   };
   for (const auto& [url, asked, host] : table) {
     std::wstring rewritten = url;
-    EXPECT_EQ(http.GetWebSite(rewritten), kOk);
+    EXPECT_EQ(http.GetWebSite(rewritten, progress), kOk);
     EXPECT_EQ(rewritten, asked);
     EXPECT_EQ(test.socket.host, host);
   }
@@ -59,7 +61,6 @@ TEST_F(Http, RefusesWhatIsNoAddress) {
   test.socket.serve = nullptr;  // no connection
   EXPECT_EQ(Get(L"http://a/"), "");
   EXPECT_EQ(test.socket.State(), SocketState::Closed);
-  EXPECT_FALSE(IsBusy(test.context));
 }
 
 TEST_F(Http, ConnectsAsTheSettingsSay) {
@@ -73,18 +74,17 @@ TEST_F(Http, ConnectsAsTheSettingsSay) {
       {L"true", L"99999", L"8080x", L"h", 8080},
       {L"0", L"3128", L"32767", L"h", 32767},
   };
-  test.context.settings.Put(L"ProxyName", L" proxy ");
+  test.context.settings.Put(setting::kProxyName, L" proxy ");
   for (const auto& [use, proxyPort, httpPort, host, port] : table) {
-    test.context.settings.Put(L"UseProxy", use);
-    test.context.settings.Put(L"ProxyPort", proxyPort);
-    test.context.settings.Put(L"HTTPPort", httpPort);
+    test.registry.SetRegValue(Hive::CurrentUser, kSettingsKey, L"UseProxy", use);
+    test.context.settings.Put(setting::kProxyPort, proxyPort);
+    test.context.settings.Put(setting::kHttpPort, httpPort);
     EXPECT_EQ(Get(L"http://h/"), kOk);
     EXPECT_EQ(test.socket.host, host);
     EXPECT_EQ(test.socket.port, port);
   }
-  test.context.settings.Put(L"HTTPPort", L"32768");
+  test.context.settings.Put(setting::kHttpPort, L"32768");
   EXPECT_THROW(Get(L"http://h/"), Failure);
-  EXPECT_FALSE(IsBusy(test.context));
 }
 
 TEST_F(Http, JudgesTheStatusLine) {
@@ -100,19 +100,17 @@ TEST_F(Http, JudgesTheStatusLine) {
         "HTTP/1.0 302 Found\r\nlocation: http://x/\r\n", "HTTP/1.0 302 Found\r\nLocation: http://x/"}) {
     Answer(failed);
     EXPECT_EQ(Get(L"http://h/"), "") << failed;
-    EXPECT_FALSE(IsBusy(test.context));
   }
 }
 
 TEST_F(Http, FollowsRedirects) {
   test.socket.serve = [&](const std::string& request) -> std::string {
-    EXPECT_TRUE(IsBusy(test.context));
     if (request.starts_with("GET http://a/ ")) return "HTTP/1.0 302 Found\r\nLocation: http://b/1\r\n\r\n";
     if (request.starts_with("GET http://b/1 ")) return "HTTP/1.0 302\r\nLocation:http://c\r\n\r\n";
     return kOk;
   };
   std::wstring url = L"http://a";
-  EXPECT_EQ(http.GetWebSite(url), kOk);
+  EXPECT_EQ(http.GetWebSite(url, progress), kOk);
   EXPECT_EQ(url, L"http://c/");
   EXPECT_EQ(test.socket.host, L"c");
   EXPECT_EQ(test.socket.requests.size(), 3u);
@@ -126,43 +124,35 @@ TEST_F(Http, FollowsRedirects) {
   EXPECT_EQ(Get(L"http://d/"), kOk);
 }
 
-TEST_F(Http, LeavesAnEndlessRedirectWheneverTheUserCancels) {
-  Answer("HTTP/1.0 302 Found\r\nLocation: http://a/\r\n\r\n");
+TEST_F(Http, IsCancelledAtAnyMoment) {
+  Answer("HTTP/1.0 302 Found\r\nLocation: http://a/\r\n\r\n");  // without end
   for (int round = 0; round < 12; ++round) {
-    test.socket.requests.clear();
-    test.context.cancelled = false;
-    test.events.eachTime = [&, left = round]() mutable {
-      if (test.socket.requests.size() >= 3 && left-- == 0) test.context.cancelled = true;  // pressed once
-    };
+    progress.cancelled = false;
+    test.events.eachTime = [&, left = round]() mutable { progress.cancelled = left-- <= 0; };
     EXPECT_EQ(Get(L"http://a/"), "");
-    EXPECT_LE(test.socket.requests.size(), 8u);
+    EXPECT_LE(test.socket.requests.size(), static_cast<std::size_t>(round));
+    test.socket.requests.clear();
   }
-}
-
-TEST_F(Http, IsCancelledWhileItReceivesOnly) {
-  test.events.eachTime = [&] { test.context.cancelled = test.socket.requests.empty(); };
-  EXPECT_EQ(Get(L"http://a/"), kOk);
-
-  test.socket.closeAfterAnswer = false;
-  Answer("HTTP/1.0 200 OK\r\n\r\nsome");
-  test.events.eachTime = [&] {
-    if (test.context.status_lbl.Text() == L"Downloading : 0.07 Kb") test.context.cancelled = true;
-  };
+  test.events.eachTime = [&] { progress.cancelled = test.socket.State() == SocketState::Connecting; };
   EXPECT_EQ(Get(L"http://a/"), "");
-  EXPECT_FALSE(IsBusy(test.context));
-  std::string kept;
-  http.WaitFor("", &kept);
-  EXPECT_EQ(kept, "HTTP/1.0 200 OK\r\n\r\nsome");
+  EXPECT_TRUE(test.socket.requests.empty());
+  EXPECT_EQ(test.socket.State(), SocketState::Closed);
 }
 
 TEST_F(Http, ShowsHowMuchHasCome) {
   Answer(std::string(12800, 'x'));
   Get(L"http://a/");
-  EXPECT_EQ(test.context.status_lbl.Text(), L"Downloading : 12.50 Kb");
+  EXPECT_EQ(progress.texts.back(), L"Downloading : 12.50 Kb");
   Answer(std::string(128, 'x'));
   Get(L"http://a/");
-  EXPECT_EQ(test.context.status_lbl.Text(), L"Downloading : 12.63 Kb");  // goes on counting
-  EXPECT_EQ(test.events.ticks, 1000u);                                   // no event was slept through
+  EXPECT_EQ(progress.texts.back(), L"Downloading : 12.63 Kb");  // goes on counting
+  EXPECT_EQ(test.events.ticks, 1000u);                          // no event was slept through
+}
+
+TEST_F(Http, GivesUpAnAnswerThatHasNoEnd) {
+  Answer(std::string((256 << 20) + 1, 'x'));
+  EXPECT_EQ(Get(L"http://a/"), "");
+  EXPECT_EQ(test.socket.State(), SocketState::Closed);
 }
 
 TEST_F(Http, SendsAndAwaitsLinesForFiveSeconds) {
@@ -174,19 +164,19 @@ TEST_F(Http, SendsAndAwaitsLinesForFiveSeconds) {
   for (const char* answer : {"250 fine\r\n", "", "550 no\r\n", "250 unfinished"}) {
     const bool fine = answer == std::string("250 fine\r\n");
     Answer(answer);
-    EXPECT_TRUE(http.Send("NOOP"));
+    EXPECT_TRUE(http.Send("NOOP", progress));
     EXPECT_EQ(test.socket.requests.back(), "NOOP\r\n");
     const auto start = test.events.ticks;
-    EXPECT_EQ(http.WaitFor("220\r\n250", &reply), fine) << answer;
+    EXPECT_EQ(http.WaitFor("220\r\n250", progress, &reply), fine) << answer;
     EXPECT_EQ(test.events.ticks, start + (fine ? 0 : 5000));
     EXPECT_EQ(reply, answer);
   }
-  test.context.cancelled = true;
-  EXPECT_FALSE(http.WaitFor("250") || http.Send("NOOP"));
-  test.context.cancelled = false;
+  progress.cancelled = true;
+  EXPECT_FALSE(http.WaitFor("250", progress) || http.Send("NOOP", progress));
+  progress.cancelled = false;
   http.ErrorOccured();
   EXPECT_EQ(test.socket.State(), SocketState::Closed);
-  EXPECT_FALSE(http.WaitFor("250") || http.Send("NOOP"));
+  EXPECT_FALSE(http.WaitFor("250", progress) || http.Send("NOOP", progress));
   EXPECT_EQ(test.socket.requests.size(), 5u);
 }
 

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "core/text.h"
+#include "base/text.h"
+#include "fakes/fakes.h"
+#include "fakes/quiet_progress.h"
+#include "freedb/freedb_source.h"
 
 namespace tagrix {
 namespace {
@@ -20,13 +23,6 @@ std::vector<std::string> Hits(const std::string& page) {
       hits.push_back(std::string(hit->category) + "|" + std::string(hit->discId) + "|" + std::string(hit->title));
   }
   return hits;
-}
-
-TEST(SearchPage, IsAskedForWithThePlainWords) {
-  EXPECT_EQ(SearchUrl(L"a  b&é"),
-            L"http://www.freedb.org/freedb_search.php?words=a++b&é&allfields=NO&fields=artist&fields=title&allcats=YES"
-            L"&grouping=none");
-  EXPECT_EQ(RecordMarker(), Widen(kMarker));
 }
 
 TEST(SearchPage, HoldsHitsInPageOrderButIncompleteLinksAndSmallType) {
@@ -51,6 +47,48 @@ TEST(SearchPage, MayBeHugeAndHostile) {
   EXPECT_EQ(Hits(open).size(), 0u);
   EXPECT_EQ(Hits(open + "</").size(), 1u);
   EXPECT_EQ(Hits(kMarker + "a&id=1\">x" + kMarker + "b&id=2\">y</").size(), 2u);  // a few may overlap
+}
+
+TEST(FreeDbSource, AsksTheSiteAndReadsBytesOfTheCodePage) {
+  TestContext test;
+  QuietProgress progress;
+  std::string body;
+  test.socket.serve = [&](const std::string&) { return "HTTP/1.0 200 OK\r\n\r\n" + body; };
+  HttpClient http{{test.socket, test.events, test.codePage, test.context.settings}};
+  FreeDbSource source{http, test.codePage, test.context.settings};
+  std::vector<DiscHit> hits;
+  const auto found = [&](std::vector<DiscHit> some) { hits = std::move(some); };
+  const auto asked = [&] {
+    return test.socket.requests.back().substr(0, test.socket.requests.back().find(" HTTP/1.0"));
+  };
+
+  body = Link("rock&id=1\">\xC9t\xE9 / B") + std::string(128 - Link("rock&id=1\">\xC9t\xE9 / B").size(), ' ');
+  for (const bool any : {false, true}) {
+    EXPECT_EQ(source.Search({L"a  b&\u00E9", any}, found, progress).answer, Answer::Given);
+    EXPECT_EQ(asked(), std::string("GET http://www.freedb.org/freedb_search.php?words=") +
+                           (any ? "a+OR++OR+b&\xE9" : "a++b&\xE9") +
+                           "&allfields=NO&fields=artist&fields=title&allcats=YES&grouping=none");
+    ASSERT_EQ(hits.size(), 1U);
+    EXPECT_EQ(hits[0].title, L"\u00C9t\u00E9 / B");
+    EXPECT_EQ(hits[0].category, L"rock");
+    EXPECT_EQ(hits[0].id, L"1");
+    EXPECT_EQ(progress.texts.back(), L"Downloading : 0.14 Kb");  // counted anew
+  }
+  std::optional<Disc> disc;
+  body = "401 No such CD entry in database.\r\n";
+  EXPECT_EQ(source.Read({L"", L"jazz", L"3"}, disc, progress).answer, Answer::Given);
+  EXPECT_FALSE(disc);
+  body = "210 jazz 3\r\nDTITLE=Trio / Caf\xE9\r\nTTITLE0=t\r\n.\r\n";
+  source.Read({L"", L"jazz", L"3"}, disc, progress);
+  EXPECT_NE(asked().find("?cmd=cddb+read+jazz+3&"), std::string::npos);
+  ASSERT_TRUE(disc);
+  EXPECT_EQ(disc->artist, L"Trio ");
+  EXPECT_EQ(disc->album, L"Caf\u00E9");
+  EXPECT_EQ(disc->genre, L"jazz");
+  EXPECT_FALSE(disc->year);
+  EXPECT_EQ(test.socket.State(), SocketState::Closed);
+  progress.cancelled = true;
+  EXPECT_EQ(source.Search({L"words"}, found, progress).answer, Answer::Cancelled);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "core/long_work.h"
 #include "dialogs/fixtures.h"
 #include "tools/playlist/pls_mod.h"
 
@@ -8,13 +9,12 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 constexpr const wchar_t* kTarget = L"C:\\Music\\Best.m3u";
-constexpr const char* kLines = "Rock\\a.mp3\r\nD:\\R&B\\b.ogg\r\n..\\c.wav\r\n";
 
 struct Playlist : testing::Test, TestContext {
   Playlist() {
     InitPlaylistPage(page, context);
     files.Put(L"C:\\Music\\Rock\\a.mp3");
-    for (const wchar_t* path : {L"C:\\Music\\Rock\\a.mp3", L"D:\\R&B\\b.ogg", L"C:\\c.wav"}) page.pls_lst.Add(path);
+    for (const wchar_t* path : {L"C:\\Music\\Rock\\a.mp3", L"D:\\R&B\\caf\u00e9.ogg"}) page.pls_lst.Add(path);
     page.pls_name_txt.Type(L" Best ");
     page.pls_output_txt.Type(L"C:\\Music");
     UpdatePlaylistGo(page, context);
@@ -22,72 +22,51 @@ struct Playlist : testing::Test, TestContext {
   PlaylistPage page;
 };
 
-TEST_F(Playlist, AsksBeforeItReplaces) {
-  events.eachTime = [&] {
-    EXPECT_TRUE(context.busy);
-    EXPECT_FALSE(page.pls_go_btn.Enabled() || page.pls_reset_btn.Enabled() || page.pls_add_btn.Enabled());
-    EXPECT_EQ(context.status_lbl.Text(), L"C:\\Music\\Rock\\a.mp3");
-  };
+TEST_F(Playlist, AsksBeforeItReplacesAndCancelDoesNotBringTheOldOneBack) {
   files.Put(kTarget, "old");
-  prompts.answers = {false, true};
+  prompts.answers = {false, true, true};
   page.pls_go_btn.Click();
   EXPECT_EQ(files.Content(kTarget), "old");
-  EXPECT_TRUE(prompts.messages.empty());
   page.pls_go_btn.Click();
-  EXPECT_EQ(files.Content(kTarget), kLines);
-  EXPECT_EQ(prompts.questions, (Texts{L"<118>", L"<118>"}));
-  EXPECT_EQ(prompts.messages, Texts{L"<51>"});
-  EXPECT_TRUE(page.pls_go_btn.Enabled() && !context.busy && context.status_lbl.Text().empty());
-}
-
-TEST_F(Playlist, GoNeedsNameFilesAndFolder) {
-  EXPECT_TRUE(page.pls_go_btn.Enabled());
-  for (const auto& [name, folder] :
-       {std::pair(L"  ", L"C:\\Music"), std::pair(L"a", L""), std::pair(L"a", L"C:\\Music\\Rock\\a.mp3")}) {
-    page.pls_name_txt.SetText(name);
-    page.pls_output_txt.SetText(folder);
-    UpdatePlaylistGo(page, context);
-    EXPECT_FALSE(page.pls_go_btn.Enabled());
-  }
-}
-
-TEST_F(Playlist, ResetLeavesTheGoButtonAndWritesAnEmptyPlaylist) {
-  page.pls_reset_btn.Click();
-  page.pls_name_txt.Type(L"");
-  page.pls_name_txt.Type(L"A/C: ?");
-  page.pls_go_btn.Click();
-  EXPECT_EQ(files.Find(L"C:\\Music\\AC.m3u")->size, 0u);
-
-  page.pls_lst.Add(L"C:\\x.mp3");
-  page.pls_lst.Select(0);
-  page.pls_lst.PressKey(ListKey::Delete);
-  EXPECT_EQ(page.pls_lst.Count(), 0);
-  EXPECT_FALSE(page.pls_go_btn.Enabled());
-}
-
-TEST_F(Playlist, AFailureLeavesTheOldOneButCancelDoesNotBringItBack) {
-  files.Put(kTarget, "old");
-  files.FailCall(2);
-  page.pls_go_btn.Click();
-  EXPECT_EQ(files.Content(kTarget), "old");
-  EXPECT_EQ(prompts.messages.size(), 1u);
-  EXPECT_TRUE(page.pls_go_btn.Enabled() && !context.busy);
-  events.Post([&] { context.cancelled = true; });
+  EXPECT_EQ(files.Content(kTarget), "Rock\\a.mp3\r\nD:\\R&B\\caf\xe9.ogg\r\n");
+  events.Post([&] {
+    for (const Button* button : {&page.pls_go_btn, &page.pls_add_btn, &page.pls_reset_btn}) {
+      EXPECT_FALSE(button->Enabled()) << button->Name();
+    }
+    CancelWork(context);
+  });
   page.pls_go_btn.Click();
   EXPECT_FALSE(files.Has(kTarget));
-  EXPECT_EQ(prompts.messages.back(), L"<177>");
-  EXPECT_TRUE(page.pls_go_btn.Enabled() && !context.busy);
+  EXPECT_EQ(prompts.questions, (Texts{L"<118>", L"<118>", L"<118>"}));
+  EXPECT_EQ(prompts.messages, (Texts{L"<51>", L"<177>"}));
+}
+
+// Typing and Reset leave the button as it is.
+TEST_F(Playlist, WritesWhatItCanAndSaysWhatItCannot) {
+  page.pls_reset_btn.Click();
+  for (const auto& [name, folder] : {std::pair(L"aux/?", L"C:\\Music"), {L"?", L"C:\\Music"}, {L"Best", L"C:\\gone"}}) {
+    page.pls_name_txt.Type(name);
+    page.pls_output_txt.Type(folder);
+    page.pls_go_btn.Click();
+  }
+  EXPECT_EQ(prompts.messages, (Texts{L"<51>", L"<229>", L"<230> C:\\gone"}));
+  EXPECT_EQ(files.AllFiles(), (Texts{L"C:\\Music\\aux_.m3u", L"C:\\Music\\Rock\\a.mp3"}));
 }
 
 TEST_F(Playlist, TakesFilesAndFoldersMoreThanOnce) {
+  page.pls_reset_btn.Click();
   prompts.openFiles = {L"C:\\Music\\Rock", {L"a.mp3"}};
   page.pls_add_btn.Click();
   prompts.dialogs = {PressOk, PressOk};
   page.pls_addfolder_btn.Click();  // opens where the file was
-  EXPECT_EQ(page.pls_lst.ItemText(3), L"C:\\Music\\Rock\\a.mp3");
-  EXPECT_EQ(page.pls_lst.ItemText(4), L"C:\\Music\\Rock\\a.mp3");
+  EXPECT_EQ(page.pls_lst.Texts(), (Texts{L"C:\\Music\\Rock\\a.mp3", L"C:\\Music\\Rock\\a.mp3"}));
   page.pls_output_btn.Click();
   EXPECT_EQ(page.pls_output_txt.Text(), L"C:\\Music\\Rock");
+  for (const bool left : {true, false}) {
+    page.pls_lst.Select(0);
+    page.pls_lst.PressKey(ListKey::Delete);
+    EXPECT_EQ(page.pls_go_btn.Enabled(), left);
+  }
 }
 
 }  // namespace

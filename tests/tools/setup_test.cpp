@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "core/publisher.h"
+#include "base/publisher.h"
 #include "dialogs/fixtures.h"
 #include "tools/setup/setup_mod.h"
 
 namespace tagrix {
 namespace {
+
+using Texts = std::vector<std::wstring>;
 
 struct Setup : testing::Test, TestContext {
   Setup() {
@@ -16,107 +18,96 @@ struct Setup : testing::Test, TestContext {
       files.Put(L"C:\\Tagrix\\" + language + L".lf", lines);
     }
     page.setup_lngcmb.Select(0);
-    files.AddFolder(L"C:\\Lists");
+    for (const wchar_t* folder : {L"C:\\Lists", L"C:\\m"}) files.AddFolder(folder);
     InitSetupPage(page, context, [this] { TranslateSetupPage(page, context); });
   }
   // As if the program started again with these settings.
-  void Reload(std::initializer_list<const wchar_t*> names, const wchar_t* text) {
-    for (const wchar_t* name : names) context.settings.Put(name, text);
+  void Reload(const Texts& names, const wchar_t* text) {
+    for (const std::wstring& name : names) registry.SetRegValue(Hive::CurrentUser, kSettingsKey, name, text);
     LoadSettings(page, context);
   }
-  std::wstring Get(const wchar_t* name) { return context.settings.Get(name); }
+  std::wstring Get(const std::wstring& name) { return registry.GetRegValue(Hive::CurrentUser, kSettingsKey, name); }
   SetupPage page;
 };
 
 TEST_F(Setup, ANewUserGetsTheDefaultsAndOkSavesThem) {
-  EXPECT_EQ(page.setup_pattern_lbl.Text(), L"Artist - Album - 01 - Track01");
-  EXPECT_EQ(page.setup_freedb_cmb.Count(), 11);
   page.setup_proxy_chk.Click();
   page.setup_proxyname_txt.Type(L"  ");  // a proxy needs a name
   page.setup_ok_btn.Click();
-  EXPECT_EQ(prompts.messages, std::vector<std::wstring>{L"<141>"});
+  EXPECT_EQ(prompts.messages, Texts{L"<141>"});
   EXPECT_TRUE(registry.written.empty());  // showing a default does not store it, either
   page.setup_proxyname_txt.Type(L" proxy ");
   page.setup_ok_btn.Click();
-  std::wstring saved;
-  for (const std::wstring& name : registry.written) saved += name + L"=" + Get(name.c_str()) + L"|";
-  EXPECT_EQ(saved, std::wstring(L"PlaylistMode=0|CGIPath=/~cddb/cddb.cgi|HTTPPort=80|ProxyPort=80|ProxyName=proxy|") +
-                       L"UseProxy=1|Bypass=0|AutoUpd=1|Pattern=%1 - %3 - %6 - %2|Playlist=%3|FreeDBServer=" +
-                       publisher::kFreeDbServers[0].host + L"|langue=English|");
+  Texts saved;
+  for (const std::wstring& name : registry.written) saved.push_back(name + L"=" + Get(name));
+  const std::wstring server = std::wstring(L"FreeDBServer=") + publisher::kFreeDbServers[0].host;
+  EXPECT_EQ(saved, (Texts{L"PlaylistMode=0", L"CGIPath=/~cddb/cddb.cgi", L"HTTPPort=80", L"ProxyPort=80",
+                          L"ProxyName=proxy", L"UseProxy=1", L"Bypass=0", L"AutoUpd=1", L"Pattern=%1 - %3 - %6 - %2",
+                          L"Playlist=%3", server, L"FreeDBSite=http://www.freedb.org", L"Contact=",
+                          L"MusicBrainzServer=musicbrainz.org", L"langue=English"}));
 }
 
 TEST_F(Setup, FlagsAreReadExactlyAndPortsAreNumbersAboveZero) {
-  context.settings.Put(L"ProxyName", L"proxy");
-  const struct {
-    const wchar_t *stored, *flags, *port, *saved;
-  } cases[] = {{L"yes", L"100", L"80", L"80"}, {L"0", L"000", L"80", L"80"},
-               {L" 0", L"100", L"80", L"80"},  {L"1", L"111", L"1", L"1"},
-               {L"1 ", L"100", L"1", L"1"},    {L"-5", L"100", L"80", L"80"},
-               {L"", L"100", L"80", L"80"},    {L" 8080x ", L"100", L"8080x", L"8080"}};
-  for (const auto& expected : cases) {
-    Reload({L"AutoUpd", L"Bypass", L"UseProxy", L"HTTPPort", L"ProxyPort"}, expected.stored);
-    EXPECT_EQ(page.setup_httpport_txt.Text() + page.setup_proxyport_txt.Text(),
-              std::wstring(expected.port) + expected.port);
-    EXPECT_EQ(page.setup_proxyname_txt.Enabled(), page.setup_proxy_chk.Checked());
-    page.setup_ok_btn.Click();
-    EXPECT_EQ(Get(L"AutoUpd") + Get(L"Bypass") + Get(L"UseProxy"), expected.flags);
-    EXPECT_EQ(Get(L"HTTPPort"), expected.saved);
+  for (const auto& [stored, automatic, others] :
+       {std::tuple(L"yes", true, false), {L" 0", true, false}, {L"1", true, true}, {L"0", false, false}}) {
+    Reload({L"AutoUpd", L"Bypass", L"UseProxy"}, stored);
+    EXPECT_EQ(page.setup_autoupd_chk.Checked(), automatic) << stored;
+    EXPECT_TRUE(page.setup_bypass_chk.Checked() == others && page.setup_proxyname_txt.Enabled() == others) << stored;
   }
-  page.setup_httpport_txt.Type(L"0");
-  page.setup_proxyport_txt.SetText(L" none ");
-  page.setup_ok_btn.Click();
-  EXPECT_EQ(Get(L"HTTPPort") + Get(L"ProxyPort"), L"80none");  // saved as typed, shown as 80 again
-  Reload({L"HTTPPort"}, L"8080");
-  EXPECT_EQ(page.setup_proxyport_txt.Text(), L"80");
+  for (const auto& [stored, shown, saved] : {std::tuple(L"0", L"80", L"80"), {L" 8080x ", L"8080x", L"8080"}}) {
+    Reload({L"HTTPPort", L"ProxyPort"}, stored);
+    page.setup_ok_btn.Click();
+    EXPECT_EQ(Get(L"HTTPPort"), saved);
+    EXPECT_EQ(Get(L"ProxyPort"), shown);  // as typed
+  }
 }
 
 TEST_F(Setup, ThePlaylistModeHoldsTheFolderWhateverTheChoice) {
-  for (const auto& [stored, option, folder] : {std::tuple(L"0C:\\Lists", &page.setup_plsalb_opt, L"C:\\Lists"),
-                                               {L"1", &page.setup_plsparent_opt, L""},
-                                               {L"2C:\\Lists", &page.setup_plsspec_opt, L"C:\\Lists"},
-                                               {L"2C:\\gone", &page.setup_plsspec_opt, L""},
-                                               {L"2C:", &page.setup_plsspec_opt, L""},
-                                               {L"7C:\\Lists", &page.setup_plsalb_opt, L"C:\\Lists"}}) {
+  for (const auto& [stored, place, folder] : {std::tuple(L"1", 1u, L""),
+                                              {L"2C:\\Lists", 2u, L"C:\\Lists"},
+                                              {L"2C:\\gone", 2u, L""},
+                                              {L"7C:\\Lists", 0u, L"C:\\Lists"}}) {
     page.setup_plsfolder_txt.SetText(L"");
     Reload({L"PlaylistMode"}, stored);
-    EXPECT_TRUE(option->Checked());
+    EXPECT_TRUE(page.playlistPlace[place]->Checked()) << stored;
     EXPECT_EQ(page.setup_plsfolder_txt.Text(), folder);
     EXPECT_EQ(page.setup_plsbrowse_btn.Enabled(), page.setup_plsspec_opt.Checked());
   }
+  prompts.dialogs.emplace_back(Pick(L"C:\\m"));
   page.setup_plsspec_opt.Click();
-  context.settings.Put(L"LastDir", L"C:\\Lists");
-  prompts.dialogs.emplace_back(PressOk);
   page.setup_plsbrowse_btn.Click();
   page.setup_plsparent_opt.Click();
   page.setup_ok_btn.Click();
-  EXPECT_EQ(Get(L"PlaylistMode"), L"1C:\\Lists");
+  EXPECT_EQ(Get(L"PlaylistMode"), L"1C:\\m");
 }
 
 TEST_F(Setup, PatternsAreListedOnceAndTheServerIsFoundByItsHost) {
-  page.setup_pat_cmb.Type(L" %2/%4 by %1 ");
-  EXPECT_EQ(page.setup_pattern_lbl.Text(), L" Track012004 by Artist ");
-  page.setup_pls_cmb.Choose(1);
-  EXPECT_EQ(page.setup_testpls_lbl.Text(), L"Artist - Album");
+  page.setup_pat_cmb.Type(L" %2 by %1 ");
+  EXPECT_EQ(page.setup_pattern_lbl.Text(), L" Track01 by Artist ");
   page.setup_freedb_cmb.Choose(10);
   page.setup_ok_btn.Click();
   EXPECT_EQ(Get(L"FreeDBServer"), publisher::kFreeDbServers[10].host);
   for (const auto& [host, row] : {std::pair(publisher::kFreeDbServers[1].host, 1), {L"gone.example", 0}}) {
     Reload({L"FreeDBServer"}, host);
     EXPECT_EQ(page.setup_freedb_cmb.SelectedIndex(), row);
-    EXPECT_EQ(page.setup_pat_cmb.Text(), L"%2/%4 by %1");
-    EXPECT_EQ(page.setup_pat_cmb.Count() * 10 + page.setup_pls_cmb.Count(), 62);
+    EXPECT_EQ(page.setup_pat_cmb.Text(), L"%2 by %1");
+    EXPECT_EQ(page.setup_pat_cmb.Count(), 6);
   }
 }
 
-TEST_F(Setup, TheLanguageChangesAtOnce) {
+TEST_F(Setup, TheLanguageChangesAtOnceOrStaysWhenItsFileCannotBeRead) {
   page.setup_lngcmb.Choose(1);
+  page.setup_bypass_chk.Click();
+  files.FailCall(1);
   page.setup_ok_btn.Click();
-  EXPECT_EQ(page.setup_patterndef_lbl[1].Text(), L"%4 : French\r\n%5 : French\r\n%6 : French");
+  EXPECT_EQ(prompts.messages, Texts{L"<231>\r\nC:\\Tagrix\\French.lf\r\nWindows would refuse that."});
+  EXPECT_EQ(page.setup_proxy_chk.Text(), L"<133>");
+  EXPECT_EQ(Get(L"Bypass"), L"1");
+  EXPECT_EQ(Get(L"langue"), L"");
+
+  page.setup_ok_btn.Click();
+  EXPECT_EQ(page.setup_proxy_chk.Text(), L"French");
   EXPECT_EQ(Get(L"langue"), L"French");
-  files.Delete(L"C:\\Tagrix\\English.lf");  // the texts and the setting stay
-  page.setup_lngcmb.Choose(0);
-  page.setup_ok_btn.Click();
-  EXPECT_EQ(page.setup_proxy_chk.Text() + Get(L"langue"), L"FrenchFrench");
 }
 
 }  // namespace

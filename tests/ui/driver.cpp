@@ -236,7 +236,7 @@ HWND Program::Window(const std::string& name) const {
 
 HWND Program::Usable(const std::string& name) const {
   HWND window = nullptr;
-  if (!Until([&] { return (window = FindVisible(name)) != nullptr && IsUsable(window); }, 60'000)) {
+  if (!Until([&] { return (window = FindVisible(name)) != nullptr && IsUsable(window); })) {
     throw std::runtime_error("cannot use " + name);
   }
   return window;
@@ -304,7 +304,7 @@ HWND Program::FindMessageBox() const {
 
 std::wstring Program::Message() const {
   HWND box = nullptr;
-  if (!Until([&] { return (box = FindMessageBox()) != nullptr; }, 60'000)) throw std::runtime_error("no message");
+  if (!Until([&] { return (box = FindMessageBox()) != nullptr; })) throw std::runtime_error("no message");
   std::wstring text;
   EachChild(box, [&](HWND window) {
     if (ClassOf(window) == L"Static" && text.empty()) text = TextOf(window);

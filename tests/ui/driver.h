@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
-#include "win32/unique.h"
+#include "win32/ports/unique.h"
 
 namespace tagrix::ui {
 
 // Waits, at most so long, until the condition holds; returns whether it does.
-bool Until(const std::function<bool()>& condition, int milliseconds = 20'000);
+bool Until(const std::function<bool()>& condition, int milliseconds = 30'000);
 
 // Writes what is on the screen into a PNG file.
 void SaveScreenshot(const std::filesystem::path& file);

@@ -14,9 +14,12 @@ if [ -n "$server" ] && command -v sox lame >/dev/null; then
     "$root/scripts/make_sample" "$record" "$sample.new"
     mv "$sample.new" "$sample"
   fi
-  exec {address}< <(exec "$server" "$root/discserver/records")
+  # Made afresh, so that it holds what lies in the folder now.
+  database=$(mktemp --suffix .discs.db)
+  "$server" import --database "$database" "$root/discserver/records"
+  exec {address}< <(exec "$server" serve --database "$database")
   server_process=$!
-  trap 'kill "$server_process"' EXIT
+  trap 'kill "$server_process"; rm -f "$database"' EXIT
   read -r line <&"$address"
   export TAGRIX_PROXY_PORT=${line##*:} TAGRIX_SAMPLE=$sample
 fi

@@ -6,9 +6,9 @@
 
 #include <string>
 
-#include "core/text.h"
-#include "win32/event_loop.h"
-#include "win32/form_window.h"
+#include "base/text.h"
+#include "win32/windows/event_loop.h"
+#include "win32/windows/form_window.h"
 
 namespace tagrix {
 

@@ -1,8 +1,9 @@
 #include "tools/about/about_page.h"
 
-#include "core/helpers.h"
+#include "base/publisher.h"
+#include "base/text.h"
 #include "core/messages.h"
-#include "core/publisher.h"
+#include "core/notices.h"
 
 namespace tagrix {
 
@@ -11,13 +12,15 @@ Node AboutLayout(AboutPage& page) {
   const Node facts =
       Column({page.about_name_lbl, page.about_version_lbl, Wrap(380, page.about_purpose_lbl), page.about_authors_lbl,
               MinSize(0, 12, Row({})), link(page.about_mail_btn, page.about_mail_lbl),
-              link(page.about_web_btn, page.about_web_lbl), Row({MinSize(150, 28, page.about_update_btn), Spacer()})});
+              link(page.about_web_btn, page.about_web_lbl), Row({MinSize(150, 28, page.about_update_btn), Spacer()}),
+              Row({MinSize(150, 28, page.about_licences_btn), Spacer()})});
   return Column({Spacer(), Row({Spacer(), MinSize(380, 0, Gap(10, facts)), Spacer()}), Spacer(2)});
 }
 
 void TranslateAboutPage(AboutPage& page, Context& context) {
   using publisher::kMajor, publisher::kMinor, publisher::kRevision;
   SetCaptions(context, {{page.about_update_btn, message::kCheckForUpdates},
+                        {page.about_licences_btn, message::kLicences},
                         {page.about_mail_btn, message::kSupport},
                         {page.about_web_btn, message::kWebSite},
                         {page.about_purpose_lbl, message::kPurpose}});

@@ -5,7 +5,7 @@
 #include "core/context.h"
 #include "forms/buttons.h"
 #include "forms/layout.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
 
 namespace tagrix {
 
@@ -15,6 +15,7 @@ struct AboutPage {
   Label about_authors_lbl{"about_authors_lbl"};
   Label about_mail_lbl{"about_mail_lbl", LabelStyle::Literal}, about_web_lbl{"about_web_lbl", LabelStyle::Literal};
   Button about_mail_btn{"about_mail_btn"}, about_web_btn{"about_web_btn"}, about_update_btn{"about_update_btn"};
+  Button about_licences_btn{"about_licences_btn"};
 };
 
 Node AboutLayout(AboutPage& page);

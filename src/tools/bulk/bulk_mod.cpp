@@ -2,56 +2,36 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <utility>
 
+#include "base/file_names.h"
+#include "base/paths.h"
+#include "base/text.h"
 #include "core/dispatch.h"
-#include "core/failure.h"
-#include "core/helpers.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "core/paths.h"
-#include "core/text.h"
-#include "dialogs/add_files.h"
+#include "core/notices.h"
+#include "dialogs/choose_files.h"
 #include "dialogs/folder_chooser.h"
 
 namespace tagrix {
 namespace {
 
-void ShowBulkProgress(BulkPage& page, Context& context, int percent) {
-  if (percent != page.bulk_cur_bar.Percent()) {
-    page.bulk_cur_bar.SetPercent(percent);
-    page.bulk_cur_hst.SetText(percent == 0 ? std::wstring() : std::to_wstring(percent) + L" %");
-  }
-  context.events.DoEvents();
+// What the rules make of a file's name, as the file can be called.
+std::wstring NewName(std::wstring_view name, const CleaningRules& rules) {
+  std::wstring cleaned = CleanedName(name, rules);
+  return cleaned == name ? cleaned : SafeFileName(std::move(cleaned));
 }
-
-// The page while it works through its list: nothing that would change the list or the rules.
-class Working {
- public:
-  Working(BulkPage& page, Context& context) : page_(page), context_(context) { Set(true); }
-  ~Working() { Set(false); }
-  Working(const Working&) = delete;
-  Working& operator=(const Working&) = delete;
-
- private:
-  void Set(bool working) {
-    SetBusy(context_, working);
-    for (Frame* frame : {&page_.bulk_list_frm, &page_.bulk_rules_frm}) frame->SetEnabled(!working);
-    page_.bulk_cur_bar.SetPercent(0);
-    page_.bulk_cur_hst.SetText({});
-    SetStatus(context_, {});
-  }
-  BulkPage& page_;
-  Context& context_;
-};
 
 // Renames the file of entry `i` if the rules change its name. True when they do, whatever the file system says: the
 // list shows the name that was meant.
 bool CleanEntry(BulkPage& page, Context& context, const CleaningRules& rules, int i) {
   const std::wstring path = page.bulk_lst.ItemText(i);
-  page.bulk_undo_lst.Add(path);
+  page.journal.Record(path);
   const auto found = context.files.Find(path);
   if (!found || found->folder) return false;
-  const std::wstring name = CleanedName(found->name, rules);
+  const std::wstring name = NewName(found->name, rules);
   if (name == found->name) return false;
   const std::wstring folder = path.substr(0, path.size() - std::min(path.size(), found->name.size()));
   std::wstring renamed = folder + name;
@@ -62,32 +42,34 @@ bool CleanEntry(BulkPage& page, Context& context, const CleaningRules& rules, in
 
 // How many names the rules changed; less than 0 when the user cancelled.
 int CleanEntries(BulkPage& page, Context& context, const CleaningRules& rules) {
+  LongWork work(context, {&page.bulk_list_frm, &page.bulk_rules_frm}, page.bulk_cur_bar, &page.bulk_cur_hst);
   const int count = page.bulk_lst.Count();
   int changed = 0;
   for (int i = 0; i < count; ++i) {
-    if (context.cancelled) return -1;
-    SetStatus(context, DoubleAmpersands(page.bulk_lst.ItemText(i)));
+    if (work.Cancelled()) return -1;
+    work.Status(page.bulk_lst.ItemText(i));
     if (CleanEntry(page, context, rules, i)) ++changed;
-    ShowBulkProgress(page, context, Percentage(i + 1, count));
+    work.Percent(Percentage(i + 1, count));
+    work.LetEventsRun();
   }
   return changed;
 }
 
-// Renaming never overwrites, so whether the former name is taken is asked only when it has failed.
-void RestoreEntry(BulkPage& page, Context& context, int i) {
-  const std::wstring current = page.bulk_lst.ItemText(i), former = page.bulk_undo_lst.ItemText(i);
-  if (current == former) return;
-  try {
-    context.files.Rename(current, former);
-  } catch (const Failure&) {
-    if (!EqualIgnoringCase(current, former) && FileExists(context, former)) {
-      context.prompts.Message(FillMessage(context.Text(message::kUndoClash), {former, current}));
-      return;
-    }
-    ShowRenameFailure(context, former);
+class UndoneEntries : public UndoList {
+ public:
+  UndoneEntries(BulkPage& page, Context& context) : page_(page), context_(context) {}
+  int Count() const override { return page_.bulk_lst.Count(); }
+  std::wstring Path(int i) const override { return page_.bulk_lst.ItemText(i); }
+  void Restored(int i, const std::wstring& former) override { page_.bulk_lst.SetItemText(i, former); }
+  void Kept(int i, const std::wstring& former, Renamed result) override {
+    if (result == Renamed::Failed) return ShowRenameFailure(context_, former);
+    context_.prompts.Message(FillMessage(context_.Text(message::kUndoClash), {former, Path(i)}));
   }
-  page.bulk_lst.SetItemText(i, former);
-}
+
+ private:
+  BulkPage& page_;
+  Context& context_;
+};
 
 std::wstring Cell(const BulkPage& page, int row, int column) {
   const std::wstring& path = page.bulk_lst.ItemText(row);
@@ -95,7 +77,7 @@ std::wstring Cell(const BulkPage& page, int row, int column) {
     case 0:
       return std::wstring(FileNamePart(path));
     case 1:
-      return TickedRules(page) == CleaningRules() ? std::wstring() : CleanedName(FileNamePart(path), TickedRules(page));
+      return TickedRules(page) == CleaningRules() ? std::wstring() : NewName(FileNamePart(path), TickedRules(page));
     default:
       return WithoutBackslash(std::wstring(FolderPart(path)));
   }
@@ -157,7 +139,7 @@ void AddBulkFiles(BulkPage& page, Context& context) {
 }
 
 void AddBulkFolder(BulkPage& page, Context& context) {
-  ChooseFolder(context, ChooserMode::BulkFiles, {.files = &page.bulk_lst});
+  page.bulk_lst.Append(ChooseAudioFiles(context, ChooserMode::BulkFiles, {&page.bulk_lst}));
   UpdateBulkGo(page);
 }
 
@@ -174,32 +156,28 @@ void ResetBulk(BulkPage& page) {
 }
 
 void RunBulkRename(BulkPage& page, Context& context) {
-  context.cancelled = false;
   page.bulk_undo_btn.SetEnabled(false);
-  page.bulk_undo_lst.Clear();
-  const Working working(page, context);
+  page.journal.Clear();
   const int changed = CleanEntries(page, context, TickedRules(page));
   if (changed < 0) {
-    SetStatus(context, {});
     ShowCancelMessage(context);
     return;
   }
   page.bulk_undo_btn.SetEnabled(true);
-  ShowBulkProgress(page, context, 0);
   const std::wstring summary = FillMessage(context.Text(message::kBulkSummary),
                                            {std::to_wstring(changed), std::to_wstring(page.bulk_lst.Count())});
   context.prompts.Message(context.Text(message::kDone) + L"\r\n\r\n" + summary);
 }
 
 void UndoBulkRename(BulkPage& page, Context& context) {
-  const Working working(page, context);
-  // Files added after the run have no former name.
-  const int count = std::min(page.bulk_lst.Count(), page.bulk_undo_lst.Count());
-  for (int i = 0; i < count; ++i) {
-    RestoreEntry(page, context, i);
-    ShowBulkProgress(page, context, Percentage(i + 1, count));
+  Undone undone{};
+  {
+    LongWork work(context, {&page.bulk_list_frm, &page.bulk_rules_frm}, page.bulk_cur_bar, &page.bulk_cur_hst);
+    UndoneEntries list(page, context);
+    undone = UndoRenames(context.files, page.journal, list, work);
   }
-  page.bulk_undo_btn.SetEnabled(false);
+  if (undone == Undone::All) page.bulk_undo_btn.SetEnabled(false);
+  if (undone == Undone::Cancelled) ShowCancelMessage(context);
 }
 
 void UpdateBulkGo(BulkPage& page) {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "core/helpers.h"
 #include "core/messages.h"
+#include "core/notices.h"
 
 namespace tagrix {
 namespace {

@@ -6,7 +6,8 @@
 #include "forms/buttons.h"
 #include "forms/layout.h"
 #include "forms/lists.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
+#include "storage/renaming.h"
 
 namespace tagrix {
 
@@ -27,8 +28,7 @@ struct BulkPage {
   ProgressBox bulk_cur_bar{"bulk_cur_bar"};
   Label bulk_cur_hst{"bulk_cur_hst", LabelStyle::Literal};
 
-  // Never shown: the paths before the last run; item i is the one that item i of `bulk_lst` had.
-  ListBox bulk_undo_lst{"bulk_undo_lst"};
+  RenameJournal journal;  // full paths before the last run
 };
 
 Node BulkLayout(BulkPage& page);

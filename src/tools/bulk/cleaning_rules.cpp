@@ -2,7 +2,8 @@
 
 #include <cstddef>
 
-#include "core/text.h"
+#include "base/letter_case.h"
+#include "base/text.h"
 
 namespace tagrix {
 namespace {
@@ -13,10 +14,15 @@ constexpr std::size_t kUnmergeKeeps = 5;  // the ending and the character before
 
 std::size_t TitleLength(std::wstring_view name) { return name.size() < kEnding ? 0 : name.size() - kEnding; }
 
+// Georgian's capitals write whole words: a word doesn't begin with one.
+bool IsGeorgian(wchar_t c) { return c >= 0x10D0 && c <= 0x10FF; }
+
+wchar_t FirstLetter(wchar_t c) { return IsGeorgian(c) ? c : ToUpper(c); }
+
 std::wstring CapitalizeWord(std::wstring_view word) {
   const std::size_t capital = word.size() > 1 && word[0] == L'(' ? 1 : 0;
   std::wstring result(word.substr(0, capital));
-  result += ToUpper(word[capital]);
+  result += FirstLetter(word[capital]);
   return result + ToLower(word.substr(capital + 1));
 }
 

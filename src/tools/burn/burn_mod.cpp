@@ -2,17 +2,21 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <string>
+#include <utility>
 
 #include "audio/mp3.h"
+#include "base/failure.h"
+#include "base/publisher.h"
+#include "base/times.h"
 #include "core/dispatch.h"
-#include "core/failure.h"
-#include "core/helpers.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "core/publisher.h"
-#include "core/session.h"
-#include "dialogs/add_files.h"
+#include "core/notices.h"
+#include "dialogs/choose_files.h"
 #include "dialogs/folder_chooser.h"
+#include "storage/small_files.h"
 #include "tools/burn/capacity.h"
 
 namespace tagrix {
@@ -23,27 +27,11 @@ std::wstring BurnerFolder(Context& context) {
   return context.registry.GetRegValue(Hive::LocalMachine, L"Software\\VSO", L"CopyToDVD");
 }
 
-std::wstring BurnerPath(Context& context) { return BurnerFolder(context) + L"copytocd.exe"; }
-
-// The page's controls are disabled, and the program is busy, for as long as this lives.
-class Working {
- public:
-  Working(BurnPage& page, Context& context) : page_(page), context_(context) { Set(true); }
-  ~Working() { Set(false); }
-  Working(const Working&) = delete;
-  Working& operator=(const Working&) = delete;
-
- private:
-  void Set(bool working) {
-    page_.burn_frm.SetEnabled(!working);
-    SetBusy(context_, working);
-    if (working) return;
-    context_.progress_box.SetPercent(0);
-    SetStatus(context_, L"");
-  }
-  BurnPage& page_;
-  Context& context_;
-};
+// Its path; empty when it is not installed. Without a folder nothing is started: not what the current folder holds.
+std::wstring BurnerPath(Context& context) {
+  const std::wstring folder = BurnerFolder(context);
+  return folder.empty() ? folder : folder + L"copytocd.exe";
+}
 
 // False when the file can't be measured.
 bool Measure(Context& context, const std::wstring& path, std::int32_t& milliseconds) {
@@ -57,23 +45,23 @@ bool Measure(Context& context, const std::wstring& path, std::int32_t& milliseco
   return true;
 }
 
-// True when the user has cancelled.
-bool MeasurePending(BurnPage& page, Context& context) {
-  ListBox& pending = page.burn_pending_lst;
-  const int count = pending.Count();
-  for (int i = 0; i < count && !context.cancelled; ++i) {
-    const std::wstring path = pending.ItemText(i);
-    SetStatus(context, DoubleAmpersands(path));
+// Measures the pending files from the first on, until the user cancels; those that were looked at are no longer
+// pending.
+void MeasurePending(BurnPage& page, Context& context, LongWork& work) {
+  std::vector<std::wstring>& pending = page.pending;
+  std::size_t done = 0;
+  for (; done < pending.size() && !work.Cancelled(); ++done) {
+    const std::wstring& path = pending[done];
+    work.Status(path);
     if (std::int32_t time = 0; Measure(context, path, time)) {
       page.burn_lst.Add(path, time);
       page.totalTime += time;
       ShowBurnTime(page, context);
     }
-    pending.Select(i);
-    ShowProgress(context, Percentage(i + 1, count));
+    work.Percent(Percentage(static_cast<long long>(done) + 1, std::ssize(pending)));
+    work.LetEventsRun();
   }
-  pending.RemoveSelected();
-  return context.cancelled && pending.Count() > 0;
+  pending.erase(pending.begin(), pending.begin() + static_cast<std::ptrdiff_t>(done));
 }
 
 void Swap(ListBox& list, int i, int other) {
@@ -94,7 +82,8 @@ std::wstring ListText(const BurnPage& page) {
   return lines;
 }
 
-void AddPending(BurnPage& page, Context& context) {
+void AddPending(BurnPage& page, Context& context, std::vector<std::wstring> paths) {
+  std::move(paths.begin(), paths.end(), std::back_inserter(page.pending));
   SumBurnTime(page, context);
   ShowBurnTime(page, context);
 }
@@ -102,7 +91,7 @@ void AddPending(BurnPage& page, Context& context) {
 }  // namespace
 
 bool DetectCopyToDvd(Context& context) {
-  const bool found = !BurnerFolder(context).empty() && FileExists(context, BurnerPath(context));
+  const bool found = FileExists(context.files, BurnerPath(context));
   if (!found && context.prompts.Question(context.Text(message::kBurnerMissing))) {
     context.shell.OpenLink(publisher::kBurnerMakerSite);
   }
@@ -110,30 +99,23 @@ bool DetectCopyToDvd(Context& context) {
 }
 
 void AddBurnFiles(BurnPage& page, Context& context) {
-  for (std::wstring& path : ChooseFiles(context, {MediaFilter(L"Media files")})) {
-    page.burn_pending_lst.Add(std::move(path));
-  }
-  AddPending(page, context);
+  AddPending(page, context, ChooseFiles(context, {MediaFilter(L"Media files")}));
 }
 
 void AddBurnFolder(BurnPage& page, Context& context) {
-  ChooseFolder(context, ChooserMode::BurnFiles, {.files = &page.burn_pending_lst, .alsoKnown = &page.burn_lst});
-  AddPending(page, context);
+  std::vector<std::wstring> paths = ChooseAudioFiles(context, ChooserMode::BurnFiles, {&page.burn_lst});
+  std::erase_if(paths, [&](const std::wstring& path) {
+    return std::find(page.pending.begin(), page.pending.end(), path) != page.pending.end();
+  });
+  AddPending(page, context, std::move(paths));
 }
 
 void SumBurnTime(BurnPage& page, Context& context) {
-  bool cancelled = false;
   {
-    const Working working(page, context);
-    context.cancelled = false;
-    cancelled = MeasurePending(page, context);
+    LongWork work(context, {&page.burn_frm});
+    MeasurePending(page, context, work);
   }
-  if (cancelled) ShowCancelMessage(context);
-}
-
-void ShowBurnTime(BurnPage& page, Context& context) {
-  page.burn_time_lbl.SetText(context.Text(message::kBurnTime) + L" " + BurnTime(page.totalTime));
-  page.burn_prog_bar.Refresh();
+  if (!page.pending.empty()) ShowCancelMessage(context);
 }
 
 void DeleteBurnFiles(BurnPage& page, Context& context) {
@@ -168,17 +150,17 @@ void DragBurnFile(BurnPage& page, int from, int to) {
 }
 
 void RunCopyToDvd(BurnPage& page, Context& context) {
-  const Working working(page, context);
-  context.cancelled = false;
+  LongWork work(context, {&page.burn_frm});
   if (page.totalTime > kCdCapacity && !context.prompts.Question(context.Text(message::kTooLong))) return;
 
   const std::wstring list = context.programFolder + L"\\list.c2c";
   WriteWholeFile(context.files, list, context.codePage.ToBytes(ListText(page)));
   const std::wstring program = BurnerPath(context);
+  if (program.empty()) return;
   const auto burner = context.shell.Start(program, program + L" /fl=\"" + list + L"\" /cdaudio=\"" + list + L"\"");
   if (burner == nullptr) return;
-  SetStatus(context, context.Text(message::kBurning));
-  while (burner->Running() && !context.cancelled) {
+  work.Status(context.Text(message::kBurning));
+  while (burner->Running() && !work.Cancelled()) {
     context.events.DoEvents();
     context.events.Wait(100);
     context.events.DoEvents();

@@ -18,8 +18,6 @@ void AddBurnFolder(BurnPage& page, Context& context);
 // Measures the pending files and moves them into the compilation; those that can't be measured are dropped. What is
 // left when the user cancels stays pending.
 void SumBurnTime(BurnPage& page, Context& context);
-// Shows the total time and the share of the disc.
-void ShowBurnTime(BurnPage& page, Context& context);
 
 void DeleteBurnFiles(BurnPage& page, Context& context);
 void ResetBurnFiles(BurnPage& page, Context& context);

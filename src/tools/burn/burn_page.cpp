@@ -1,8 +1,8 @@
 #include "tools/burn/burn_page.h"
 
-#include "core/helpers.h"
 #include "core/messages.h"
-#include "tools/burn/burn_mod.h"
+#include "core/notices.h"
+#include "tools/burn/capacity.h"
 
 namespace tagrix {
 
@@ -15,6 +15,11 @@ Node BurnLayout(BurnPage& page) {
                                    Framed(page.burn_prog_frm, Column({capacity, page.burn_time_lbl})),
                                    Row({MinSize(208, 0, page.c2cd_btn), Spacer(), MinSize(120, 32, page.burn_btn)}),
                                }));
+}
+
+void ShowBurnTime(BurnPage& page, Context& context) {
+  page.burn_time_lbl.SetText(context.Text(message::kBurnTime) + L" " + BurnTime(page.totalTime));
+  page.burn_prog_bar.Refresh();
 }
 
 void TranslateBurnPage(BurnPage& page, Context& context) {

@@ -2,12 +2,15 @@
 #ifndef TAGRIX_TOOLS_BURN_BURN_PAGE_H
 #define TAGRIX_TOOLS_BURN_BURN_PAGE_H
 
+#include <string>
+#include <vector>
+
 #include "core/context.h"
 #include "forms/buttons.h"
 #include "forms/layout.h"
 #include "forms/lists.h"
 #include "forms/picture.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
 
 namespace tagrix {
 
@@ -25,12 +28,13 @@ struct BurnPage {
   Label burn_time_lbl{"burn_time_lbl"};
   Button burn_btn{"burn_btn"}, c2cd_btn{"c2cd_btn"};
 
-  // Never shown.
-  ListBox burn_pending_lst{"burn_pending_lst", true};  // full paths that are still to be measured
-  double totalTime = 0;                                // of burn_lst, in milliseconds
+  std::vector<std::wstring> pending;  // full paths that are still to be measured
+  double totalTime = 0;               // of burn_lst, in milliseconds
 };
 
 Node BurnLayout(BurnPage& page);
+// Shows the total time and the share of the disc.
+void ShowBurnTime(BurnPage& page, Context& context);
 // Sets the captions from the language texts.
 void TranslateBurnPage(BurnPage& page, Context& context);
 

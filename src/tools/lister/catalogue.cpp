@@ -6,53 +6,53 @@
 #include <string_view>
 #include <utility>
 
-#include "core/failure.h"
-#include "core/helpers.h"
-#include "core/paths.h"
-#include "core/temporary_file.h"
-#include "core/text.h"
+#include "base/failure.h"
+#include "base/letter_case.h"
+#include "base/paths.h"
+#include "storage/temporary_file.h"
 #include "tools/lister/lister_pattern.h"
 
 namespace tagrix {
 namespace {
 
 constexpr std::size_t kShortestName = 4;
-constexpr int kEntriesBetweenEvents = 256;
 constexpr std::size_t kMostHeld = 1 << 14;  // entries of a folder
 constexpr std::size_t kPiece = 1 << 16;     // characters written at a time
 
 class Catalogue {
  public:
-  Catalogue(Context& context, const CatalogueRequest& request)
-      : context_(context),
+  Catalogue(Files& files, CodePage& codePage, const CatalogueRequest& request, Progress& progress)
+      : files_(files),
+        codePage_(codePage),
         request_(request),
-        separator_(context.codePage.DecimalSeparator()),
-        file_(context.files, FreePathBeside(context.files, request.target)) {}
+        progress_(progress),
+        separator_(codePage.DecimalSeparator()),
+        file_(files, FreePathBeside(files, request.target)) {}
 
-  bool Write() {
+  CatalogueEnd Write() {
     // A bare drive is listed as its root.
     const std::wstring root = WithoutBackslash(request_.input);
     std::deque<std::wstring> folders{root.ends_with(L':') ? WithBackslash(root) : root};
     for (bool first = true; !folders.empty(); first = false) {
       ListFolder(folders.front(), folders, first);
-      if (context_.cancelled) return false;
+      if (progress_.Cancelled()) return {};
       folders.pop_front();
     }
     WritePiece();
     file_.Finish();
     file_.PutAt(request_.target);
-    return true;
+    return {true, std::move(notRead_)};
   }
 
  private:
   void ListFolder(const std::wstring& folder, std::deque<std::wstring>& folders, bool first) {
-    context_.events.DoEvents();
+    progress_.LetEventsRun();
     const std::wstring prefix = WithBackslash(folder);
     std::wstring last;  // of the names listed
     bool block = false, more = true;
     while (more) {
       for (const FileInfo& entry : EntriesAfter(last, prefix, first, more)) {
-        if (context_.cancelled) return;
+        if (progress_.Cancelled()) return;
         last = entry.name;
         if (entry.folder) {
           folders.push_back(prefix + entry.name);
@@ -78,15 +78,16 @@ class Catalogue {
       more = true;
     };
     try {
-      context_.files.List(folder, L"*", [&](const FileInfo& entry) {
+      files_.List(folder, L"*", [&](const FileInfo& entry) {
         const bool wanted = entry.folder ? request_.recurse && !entry.link : IsListed(entry.name);
         if (wanted && entry.name > last) entries.push_back(entry);
         if (entries.size() == 2 * kMostHeld) keepFirst();
-        LetEventsRun({});
-        return !context_.cancelled;
+        progress_.Pass(entry.name);
+        return !progress_.Cancelled();
       });
     } catch (const Failure&) {
       if (first) throw;
+      notRead_.push_back(WithoutBackslash(folder));
     }
     keepFirst();
     std::sort(entries.begin(), entries.end(), byName);
@@ -104,31 +105,28 @@ class Catalogue {
     text_ += ExpandListerPattern(request_.pattern, ValuesOf(entry.name, entry.size, folder, separator_));
     text_ += L"\r\n";
     if (text_.size() >= kPiece) WritePiece();
-    LetEventsRun(entry.name);
+    progress_.Pass(entry.name);
   }
 
   void WritePiece() {
-    file_.Append(context_.codePage.ToBytes(text_));
+    file_.Append(codePage_.ToBytes(text_));
     text_.clear();
   }
 
-  // After some entries: often enough for the window to answer, too seldom to cost time.
-  void LetEventsRun(std::wstring_view shown) {
-    if (++entries_ % kEntriesBetweenEvents != 0) return;
-    if (!shown.empty()) SetStatus(context_, DoubleAmpersands(shown));
-    context_.events.DoEvents();
-  }
-
-  Context& context_;
+  Files& files_;
+  CodePage& codePage_;
   const CatalogueRequest& request_;
+  Progress& progress_;
   const wchar_t separator_;
   TemporaryFile file_;
   std::wstring text_;  // not written yet
-  int entries_ = 0;
+  std::vector<std::wstring> notRead_;
 };
 
 }  // namespace
 
-bool WriteCatalogue(Context& context, const CatalogueRequest& request) { return Catalogue(context, request).Write(); }
+CatalogueEnd WriteCatalogue(Files& files, CodePage& codePage, const CatalogueRequest& request, Progress& progress) {
+  return Catalogue(files, codePage, request, progress).Write();
+}
 
 }  // namespace tagrix

@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "core/context.h"
+#include "base/progress.h"
+#include "platform/code_page.h"
+#include "platform/files.h"
 
 namespace tagrix {
 
@@ -17,11 +19,15 @@ struct CatalogueRequest {
   bool recurse = false;
 };
 
-// Lists breadth first, the entries of each folder by character code; links to folders are not followed and folders
-// below that can't be read are passed over. Lets events run. The catalogue is written beside its target and put in its
-// place at the end. False when the operation was cancelled, which like a Failure leaves the target as it was. Memory:
-// the entries of one folder.
-bool WriteCatalogue(Context& context, const CatalogueRequest& request);
+struct CatalogueEnd {
+  bool complete = false;              // not cancelled
+  std::vector<std::wstring> notRead;  // folders below that could not be read, so that what they hold is missing
+};
+
+// Lists breadth first, the entries of each folder by character code; links to folders are not followed. The catalogue
+// is written beside its target and put in its place at the end; a cancelled run, like a Failure, leaves the target as
+// it was. Memory: the entries of one folder.
+CatalogueEnd WriteCatalogue(Files& files, CodePage& codePage, const CatalogueRequest& request, Progress& progress);
 
 }  // namespace tagrix
 

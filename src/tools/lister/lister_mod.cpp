@@ -4,41 +4,23 @@
 #include <utility>
 #include <vector>
 
+#include "base/file_names.h"
+#include "base/paths.h"
+#include "base/text.h"
 #include "core/dispatch.h"
-#include "core/helpers.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "core/paths.h"
-#include "core/settings.h"
-#include "core/text.h"
+#include "core/notices.h"
 #include "dialogs/folder_chooser.h"
+#include "storage/small_files.h"
 #include "tools/lister/catalogue.h"
 #include "tools/lister/lister_pattern.h"
 
 namespace tagrix {
 namespace {
 
-constexpr const wchar_t* kPatterns[] = {L"[%3] %1%2", L"[%3] %1%2 (%4)", L"%5%1%2"};
+constexpr const wchar_t* kPatterns[] = {setting::kListerPattern.standard, L"[%3] %1%2 (%4)", L"%5%1%2"};
 constexpr const wchar_t* kFormats[] = {L"MP3", L"OGG", L"VQF", L"APE", L"MPC", L"WMA", L"WAV"};
-constexpr const wchar_t* kPatternSetting = L"LiserPattern";  // spelled as stored since ever
-
-// The page while the catalogue is written.
-class Listing {
- public:
-  Listing(ListerPage& page, Context& context) : page_(page), context_(context) { Set(true); }
-  ~Listing() { Set(false); }
-  Listing(const Listing&) = delete;
-  Listing& operator=(const Listing&) = delete;
-
- private:
-  void Set(bool listing) {
-    SetBusy(context_, listing);
-    page_.lister_go_btn.SetEnabled(!listing);
-    SetStatus(context_, {});
-  }
-  ListerPage& page_;
-  Context& context_;
-};
-
 void TidyFields(ListerPage& page) {
   page.lister_input_txt.SetText(Trim(page.lister_input_txt.Text()));
   page.lister_output_txt.SetText(Trim(page.lister_output_txt.Text()));
@@ -61,8 +43,7 @@ void InitListerPage(ListerPage& page, Context& context) {
   // The choice has to show while the keyboard is elsewhere, too.
   page.ext_lst.mark = [&](int i) { return page.ext_lst.Selected(i) ? RowMark::Changed : RowMark::None; };
   for (const wchar_t* pattern : kPatterns) page.pattern_txt.Add(pattern);
-  const std::wstring used = context.settings.Get(kPatternSetting, kPageSettingsKey);
-  page.pattern_txt.SetText(used.empty() ? kPatterns[0] : used);
+  page.pattern_txt.SetText(context.settings.Get(setting::kListerPattern));
   ShowListerSample(page, context);
 
   page.pattern_txt.chosen = Notice(context, [&] { ShowListerSample(page, context); });
@@ -73,53 +54,55 @@ void InitListerPage(ListerPage& page, Context& context) {
   page.lister_go_btn.clicked = Command(context, [&] { RunLister(page, context); });
 }
 
-void ShowListerSample(ListerPage& page, Context& context) {
-  page.sample_lbl.SetText(context.Text(message::kSample) + L" " + ListerSample(page.pattern_txt.Text()));
-}
-
 void ChooseListerInput(ListerPage& page, Context& context) {
-  ChooseFolder(context, ChooserMode::ListerInput, {.folder = &page.lister_input_txt});
-  const std::wstring& path = page.lister_input_txt.Text();
+  const auto chosen = ChooseFolder(context, ChooserMode::ListerInput);
+  if (!chosen) return;
+  const std::wstring& path = chosen->path;
+  page.lister_input_txt.SetText(path);
   if (path.find(L'\\') != path.npos && page.ficname_txt.Text().empty()) {
     page.ficname_txt.SetText(std::wstring(FileNamePart(path)));
   }
 }
 
 void ChooseListerOutput(ListerPage& page, Context& context) {
-  ChooseFolder(context, ChooserMode::ListerOutput, {.folder = &page.lister_output_txt});
+  if (const auto chosen = ChooseFolder(context, ChooserMode::ListerOutput))
+    page.lister_output_txt.SetText(chosen->path);
 }
 
 void FilterListerName(ListerPage& page) { page.ficname_txt.SetText(CleanFileName(page.ficname_txt.Text())); }
 
 void RunLister(ListerPage& page, Context& context) {
-  context.cancelled = false;
-  const Listing listing(page, context);
   TidyFields(page);
   const std::wstring& input = page.lister_input_txt.Text();
   const std::wstring& output = page.lister_output_txt.Text();
-  if (!FolderExists(context, input) || !FolderExists(context, output)) {
+  if (!FolderExists(context.files, input) || !FolderExists(context.files, output)) {
     context.prompts.Message(context.Text(message::kFolderMissing));
     return;
   }
   if (!page.ficname_txt.Text().ends_with(L".txt")) page.ficname_txt.SetText(page.ficname_txt.Text() + L".txt");
+  page.ficname_txt.SetText(SafeFileName(page.ficname_txt.Text()));
   std::vector<std::wstring> formats = SelectedFormats(page);
   if (formats.empty()) {
     context.prompts.Message(context.Text(message::kNoFormat));
     return;
   }
 
-  const std::wstring pattern = page.pattern_txt.Text();
-  const bool complete = WriteCatalogue(context, {.input = input,
-                                                 .target = WithBackslash(output) + page.ficname_txt.Text(),
-                                                 .pattern = pattern,
-                                                 .formats = std::move(formats),
-                                                 .recurse = page.recurse_chk.Checked()});
-  if (!complete) {
-    SetStatus(context, {});
+  const CatalogueRequest request{.input = input,
+                                 .target = WithBackslash(output) + page.ficname_txt.Text(),
+                                 .pattern = page.pattern_txt.Text(),
+                                 .formats = std::move(formats),
+                                 .recurse = page.recurse_chk.Checked()};
+  CatalogueEnd end;
+  {
+    LongWork work(context, {&page.lister_go_btn});
+    end = WriteCatalogue(context.files, context.codePage, request, work);
+  }
+  if (!end.complete) {
     ShowCancelMessage(context);
     return;
   }
-  context.settings.Put(kPatternSetting, pattern, kPageSettingsKey);
+  context.settings.Put(setting::kListerPattern, request.pattern);
+  ShowFoldersNotRead(context, end.notRead);
 }
 
 }  // namespace tagrix

@@ -10,7 +10,6 @@ namespace tagrix {
 // Wires the events, fills the lists and shows the pattern used last.
 void InitListerPage(ListerPage& page, Context& context);
 
-void ShowListerSample(ListerPage& page, Context& context);
 void ChooseListerInput(ListerPage& page, Context& context);
 void ChooseListerOutput(ListerPage& page, Context& context);
 // Takes characters that no file name may hold out of the name again.

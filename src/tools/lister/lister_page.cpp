@@ -3,9 +3,9 @@
 #include <string>
 #include <utility>
 
-#include "core/helpers.h"
 #include "core/messages.h"
-#include "tools/lister/lister_mod.h"
+#include "core/notices.h"
+#include "tools/lister/lister_pattern.h"
 
 namespace tagrix {
 namespace {
@@ -33,6 +33,10 @@ Node ListerLayout(ListerPage& page) {
   return Gap(10,
              Column({Framed(page.lister_input_frm, std::move(input)), Framed(page.lister_output_frm, std::move(output)),
                      Stretch(1, std::move(how)), Row({Spacer(), page.lister_go_btn})}));
+}
+
+void ShowListerSample(ListerPage& page, Context& context) {
+  page.sample_lbl.SetText(context.Text(message::kSample) + L" " + ListerSample(page.pattern_txt.Text()));
 }
 
 void TranslateListerPage(ListerPage& page, Context& context) {

@@ -6,7 +6,7 @@
 #include "forms/buttons.h"
 #include "forms/layout.h"
 #include "forms/lists.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
 
 namespace tagrix {
 
@@ -35,6 +35,7 @@ struct ListerPage {
 };
 
 Node ListerLayout(ListerPage& page);
+void ShowListerSample(ListerPage& page, Context& context);
 // Sets the captions, the help and the sample from the language texts.
 void TranslateListerPage(ListerPage& page, Context& context);
 

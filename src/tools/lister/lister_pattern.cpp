@@ -4,7 +4,8 @@
 #include <array>
 #include <cstddef>
 
-#include "core/text.h"
+#include "base/letter_case.h"
+#include "base/text.h"
 
 namespace tagrix {
 namespace {

@@ -1,33 +1,35 @@
 #include "tools/playlist/pls_mod.h"
 
 #include <string>
+#include <utility>
 
+#include "base/file_names.h"
+#include "base/paths.h"
+#include "base/text.h"
 #include "core/dispatch.h"
-#include "core/helpers.h"
-#include "core/m3u.h"
+#include "core/long_work.h"
 #include "core/messages.h"
-#include "core/paths.h"
-#include "core/text.h"
-#include "dialogs/add_files.h"
+#include "core/notices.h"
+#include "dialogs/choose_files.h"
 #include "dialogs/folder_chooser.h"
+#include "storage/m3u.h"
+#include "storage/small_files.h"
 
 namespace tagrix {
 namespace {
 
-constexpr int kEventStep = 32;  // entries between two looks at the events: each takes only microseconds
-
-std::wstring TargetPath(const PlaylistPage& page) {
-  return WithBackslash(page.pls_output_txt.Text()) + CleanAndTrimFileName(page.pls_name_txt.Text()) + L".m3u";
+// Empty when the name has no character that a file name may hold.
+std::wstring FileName(const PlaylistPage& page) {
+  const std::wstring name = CleanAndTrimFileName(page.pls_name_txt.Text());
+  return name.empty() ? name : SafeFileName(name + L".m3u");
 }
 
 // The playlist's lines; fewer than there are entries when the user cancels.
-std::wstring PlaylistLines(const PlaylistPage& page, Context& context) {
+std::wstring PlaylistLines(const PlaylistPage& page, Progress& progress) {
   std::wstring lines;
-  for (int i = 0; i < page.pls_lst.Count() && !context.cancelled; ++i) {
+  for (int i = 0; i < page.pls_lst.Count() && !progress.Cancelled(); ++i) {
     lines += PlaylistLine(page.pls_lst.ItemText(i), page.pls_output_txt.Text());
-    if (i % kEventStep != 0) continue;
-    SetStatus(context, DoubleAmpersands(page.pls_lst.ItemText(i)));
-    context.events.DoEvents();
+    progress.Pass(page.pls_lst.ItemText(i));
   }
   return lines;
 }
@@ -36,7 +38,7 @@ std::wstring PlaylistLines(const PlaylistPage& page, Context& context) {
 
 void UpdatePlaylistGo(PlaylistPage& page, Context& context) {
   page.pls_go_btn.SetEnabled(!Trim(page.pls_name_txt.Text()).empty() && page.pls_lst.Count() > 0 &&
-                             FolderExists(context, page.pls_output_txt.Text()));
+                             FolderExists(context.files, page.pls_output_txt.Text()));
 }
 
 void EnablePlaylistButtons(PlaylistPage& page, bool enabled) {
@@ -52,7 +54,7 @@ void AddPlaylistFiles(PlaylistPage& page, Context& context) {
 }
 
 void AddPlaylistFolder(PlaylistPage& page, Context& context) {
-  ChooseFolder(context, ChooserMode::PlaylistFiles, {.files = &page.pls_lst});
+  page.pls_lst.Append(ChooseAudioFiles(context, ChooserMode::PlaylistFiles, {}));
   UpdatePlaylistGo(page, context);
 }
 
@@ -64,30 +66,37 @@ void DeletePlaylistFiles(PlaylistPage& page, Context& context) {
 void ResetPlaylist(PlaylistPage& page) { page.pls_lst.Clear(); }
 
 void ChoosePlaylistOutput(PlaylistPage& page, Context& context) {
-  ChooseFolder(context, ChooserMode::PlaylistOutput, {.folder = &page.pls_output_txt});
+  if (const auto chosen = ChooseFolder(context, ChooserMode::PlaylistOutput)) page.pls_output_txt.SetText(chosen->path);
   UpdatePlaylistGo(page, context);
 }
 
 void WritePlaylist(PlaylistPage& page, Context& context) {
-  context.cancelled = false;
-  const std::wstring target = TargetPath(page);
-  const bool replaces = FileExists(context, target);
+  const std::wstring& folder = page.pls_output_txt.Text();
+  if (!FolderExists(context.files, folder)) {
+    context.prompts.Message(FillMessage(context.Text(message::kNoSuchFolder), {folder}));
+    return;
+  }
+  const std::wstring name = FileName(page), target = WithBackslash(folder) + name;
+  if (name.empty()) {
+    context.prompts.Message(context.Text(message::kNoPlaylistName));
+    return;
+  }
+  const bool replaces = FileExists(context.files, target);
   if (replaces && !context.prompts.Question(context.Text(message::kOverwritePlaylist))) return;
 
-  const RestoreOnFailure restore(
-      {&page.pls_go_btn, &page.pls_add_btn, &page.pls_addfolder_btn, &page.pls_delete_btn, &page.pls_reset_btn});
-  EnablePlaylistButtons(page, false);
-  SetBusy(context, true);
-  const std::wstring lines = PlaylistLines(page, context);
-  SetStatus(context, L"");
-  if (!context.cancelled) {
-    WritePlaylistFile(context, target, lines);
-  } else if (replaces) {
-    context.files.Delete(target);
+  bool cancelled = false;
+  {
+    LongWork work(context, {&page.pls_go_btn, &page.pls_add_btn, &page.pls_addfolder_btn, &page.pls_delete_btn,
+                            &page.pls_reset_btn});
+    const std::wstring lines = PlaylistLines(page, work);
+    cancelled = work.Cancelled();
+    if (!cancelled) {
+      WritePlaylistFile(context.files, context.codePage, target, lines);
+    } else if (replaces) {
+      context.files.Delete(target);
+    }
   }
-  SetBusy(context, false);
-  EnablePlaylistButtons(page, true);
-  if (context.cancelled) {
+  if (cancelled) {
     ShowCancelMessage(context);
   } else {
     context.prompts.Message(context.Text(message::kDone));

@@ -3,7 +3,7 @@
 #define TAGRIX_TOOLS_PLAYLIST_PLS_MOD_H
 
 #include "core/context.h"
-#include "tools/playlist/playlist_page.h"
+#include "tools/playlist/pls_page.h"
 
 namespace tagrix {
 

@@ -1,23 +1,27 @@
 #include "tools/setup/setup_mod.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "base/failure.h"
+#include "base/letter_case.h"
+#include "base/text.h"
 #include "core/dispatch.h"
-#include "core/helpers.h"
+#include "core/failure_text.h"
+#include "core/load_language.h"
 #include "core/messages.h"
-#include "core/rename_pattern.h"
-#include "core/text.h"
+#include "core/notices.h"
 #include "dialogs/folder_chooser.h"
+#include "forms/list_lookups.h"
 #include "freedb/server_list.h"
+#include "session/rename_pattern.h"
+#include "storage/small_files.h"
 
 namespace tagrix {
 namespace {
-
-constexpr const wchar_t* kDefaultPort = L"80";
-constexpr const wchar_t* kDefaultCgiPath = L"/~cddb/cddb.cgi";
 
 // The rows of the server list; the text ends with a line end.
 std::vector<std::wstring> ServerRows(bool withLabels) {
@@ -27,7 +31,7 @@ std::vector<std::wstring> ServerRows(bool withLabels) {
 }
 
 void LoadServers(SetupPage& page, Context& context) {
-  const std::wstring stored = context.settings.Get(L"FreeDBServer");
+  const std::wstring stored = context.settings.Get(setting::kFreeDbServer);
   int chosen = -1;
   page.setup_freedb_cmb.Clear();
   for (const std::wstring& row : ServerRows(true)) {
@@ -40,20 +44,16 @@ void LoadServers(SetupPage& page, Context& context) {
 void LoadPattern(ComboBox& combo, const std::vector<std::wstring>& proposals, const std::wstring& stored) {
   combo.Clear();
   for (const std::wstring& proposal : proposals) combo.Add(proposal);
-  if (stored.empty()) {
-    combo.Select(0);
-  } else {
-    if (!ListContains(combo, stored)) combo.Add(stored);
-    combo.SetText(stored);
-  }
+  if (!ListContains(combo, stored)) combo.Add(stored);
+  combo.SetText(stored);
 }
 
 void LoadPatterns(SetupPage& page, Context& context) {
+  using setting::kPattern, setting::kPlaylist;
   LoadPattern(page.setup_pat_cmb,
-              {std::wstring(kDefaultPattern), L"%3 - %6 - %2", L"%1 - %6 - %3 - %2", L"%6 - %2", L"[%6]%1 - %3 - %2"},
-              context.settings.Get(L"Pattern"));
-  LoadPattern(page.setup_pls_cmb, {std::wstring(kDefaultPlaylistPattern), L"%1 - %3"},
-              context.settings.Get(L"Playlist"));
+              {kPattern.standard, L"%3 - %6 - %2", L"%1 - %6 - %3 - %2", L"%6 - %2", L"[%6]%1 - %3 - %2"},
+              context.settings.Get(kPattern));
+  LoadPattern(page.setup_pls_cmb, {kPlaylist.standard, L"%1 - %3"}, context.settings.Get(kPlaylist));
   ShowSamples(page, context);
 }
 
@@ -65,15 +65,12 @@ void EnablePlaylistFolder(SetupPage& page) {
 }
 
 void LoadPlaylistMode(SetupPage& page, Context& context) {
-  const std::wstring mode = context.settings.Get(L"PlaylistMode");
-  OptionButton& place = mode.starts_with(L'1')   ? page.setup_plsparent_opt
-                        : mode.starts_with(L'2') ? page.setup_plsspec_opt
-                                                 : page.setup_plsalb_opt;
+  const PlaylistMode mode = ParsePlaylistMode(context.settings.Get(setting::kPlaylistMode));
+  OptionButton& place = mode.place == 1   ? page.setup_plsparent_opt
+                        : mode.place == 2 ? page.setup_plsspec_opt
+                                          : page.setup_plsalb_opt;
   place.Choose();
-  if (mode.size() > 3) {
-    std::wstring folder = mode.substr(1);
-    if (FolderExists(context, folder)) page.setup_plsfolder_txt.SetText(std::move(folder));
-  }
+  if (mode.folder.size() > 2 && FolderExists(context.files, mode.folder)) page.setup_plsfolder_txt.SetText(mode.folder);
   EnablePlaylistFolder(page);
 }
 
@@ -83,52 +80,55 @@ void EnableProxy(SetupPage& page) {
   page.setup_proxyport_txt.SetEnabled(used);
 }
 
-std::wstring TrimmedSetting(Context& context, const wchar_t* name) { return Trim(context.settings.Get(name)); }
-
-std::wstring PortSetting(Context& context, const wchar_t* name) {
-  std::wstring port = TrimmedSetting(context, name);
-  return LeadingInteger(port) > 0 ? port : kDefaultPort;
+// The settings that are plain texts, in the order in which they are saved.
+struct TextField {
+  TextBox& box;
+  const TextSetting& setting;
+};
+std::array<TextField, 3> SourceFields(SetupPage& page) {
+  return {{{page.setup_site_txt, setting::kFreeDbSite},
+           {page.setup_contact_txt, setting::kContact},
+           {page.setup_musicbrainz_txt, setting::kMusicBrainzServer}}};
 }
 
 void LoadNetwork(SetupPage& page, Context& context) {
-  page.setup_proxy_chk.SetChecked(context.settings.Get(L"UseProxy") == L"1");
-  page.setup_proxyname_txt.SetText(TrimmedSetting(context, L"ProxyName"));
-  page.setup_proxyport_txt.SetText(PortSetting(context, L"ProxyPort"));
+  Settings& settings = context.settings;
+  for (const auto& [box, stored] : SourceFields(page)) box.SetText(settings.Get(stored));
+  page.setup_proxy_chk.SetChecked(settings.Get(setting::kUseProxy));
+  page.setup_proxyname_txt.SetText(settings.Get(setting::kProxyName));
+  page.setup_proxyport_txt.SetText(settings.Typed(setting::kProxyPort));
   EnableProxy(page);
-  page.setup_bypass_chk.SetChecked(context.settings.Get(L"Bypass") == L"1");
-  const std::wstring path = TrimmedSetting(context, L"CGIPath");
-  page.setup_cgi_txt.SetText(path.empty() ? kDefaultCgiPath : path);
-  page.setup_httpport_txt.SetText(PortSetting(context, L"HTTPPort"));
-  // On unless it is switched off, while the other two are off unless they are switched on.
-  page.setup_autoupd_chk.SetChecked(context.settings.Get(L"AutoUpd") != L"0");
+  page.setup_bypass_chk.SetChecked(settings.Get(setting::kBypass));
+  page.setup_cgi_txt.SetText(settings.Get(setting::kCgiPath));
+  page.setup_httpport_txt.SetText(settings.Typed(setting::kHttpPort));
+  page.setup_autoupd_chk.SetChecked(settings.Get(setting::kAutoUpdate));
 }
 
-std::wstring PlaylistMode(const SetupPage& page) {
+std::wstring ChosenMode(const SetupPage& page) {
   const wchar_t* place = page.setup_plsspec_opt.Checked() ? L"2" : page.setup_plsparent_opt.Checked() ? L"1" : L"0";
   return place + page.setup_plsfolder_txt.Text();
 }
 
-const wchar_t* Flag(const CheckBox& box) { return box.Checked() ? L"1" : L"0"; }
-
-void PutSettings(const SetupPage& page, Settings& settings) {
-  settings.Put(L"PlaylistMode", PlaylistMode(page));
-  settings.Put(L"CGIPath", Trim(page.setup_cgi_txt.Text()));
-  const int port = LeadingInteger(page.setup_httpport_txt.Text());
-  settings.Put(L"HTTPPort", port > 0 ? std::to_wstring(port) : kDefaultPort);
-  settings.Put(L"ProxyPort", Trim(page.setup_proxyport_txt.Text()));
-  settings.Put(L"ProxyName", Trim(page.setup_proxyname_txt.Text()));
-  settings.Put(L"UseProxy", Flag(page.setup_proxy_chk));
-  settings.Put(L"Bypass", Flag(page.setup_bypass_chk));
-  settings.Put(L"AutoUpd", Flag(page.setup_autoupd_chk));
-  settings.Put(L"Pattern", Trim(page.setup_pat_cmb.Text()));
-  settings.Put(L"Playlist", Trim(page.setup_pls_cmb.Text()));
-  settings.Put(L"FreeDBServer", ServerRows(false).at(static_cast<std::size_t>(page.setup_freedb_cmb.SelectedIndex())));
+void PutSettings(SetupPage& page, Settings& settings) {
+  settings.Put(setting::kPlaylistMode, ChosenMode(page));
+  settings.Put(setting::kCgiPath, Trim(page.setup_cgi_txt.Text()));
+  settings.Put(setting::kHttpPort, LeadingInteger(page.setup_httpport_txt.Text()));
+  settings.Put(setting::kProxyPort, Trim(page.setup_proxyport_txt.Text()));
+  settings.Put(setting::kProxyName, Trim(page.setup_proxyname_txt.Text()));
+  settings.Put(setting::kUseProxy, page.setup_proxy_chk.Checked());
+  settings.Put(setting::kBypass, page.setup_bypass_chk.Checked());
+  settings.Put(setting::kAutoUpdate, page.setup_autoupd_chk.Checked());
+  settings.Put(setting::kPattern, Trim(page.setup_pat_cmb.Text()));
+  settings.Put(setting::kPlaylist, Trim(page.setup_pls_cmb.Text()));
+  settings.Put(setting::kFreeDbServer,
+               ServerRows(false).at(static_cast<std::size_t>(page.setup_freedb_cmb.SelectedIndex())));
+  for (const auto& [box, stored] : SourceFields(page)) settings.Put(stored, Trim(box.Text()));
 }
 
 }  // namespace
 
 void ShowSamples(SetupPage& page, Context& context) {
-  const std::wstring year = CurrentYear(context);
+  const std::wstring year = std::to_wstring(context.clock.CurrentYear());
   page.setup_pattern_lbl.SetText(PatternSample(page.setup_pat_cmb.Text(), year));
   page.setup_testpls_lbl.SetText(PlaylistSample(page.setup_pls_cmb.Text(), year));
 }
@@ -148,9 +148,16 @@ void SaveSetup(SetupPage& page, Context& context, const std::function<void()>& r
   PutSettings(page, context.settings);
 
   const std::wstring file = page.setup_lngcmb.Text() + L".lf";
-  if (!FileExists(context, context.programFolder + L"\\" + file)) return;  // it has vanished: the texts stay
-  loadlangue(context, page.setup_lngcmb, file);
+  // One that has vanished leaves the texts in force, and so does one that can't be read, which is told.
+  if (FileExists(context.files, context.programFolder + L"\\" + file)) {
+    try {
+      loadlangue(context, page.setup_lngcmb, file);
+    } catch (const Failure& failure) {
+      context.prompts.Message(FailureText(context.language, failure));
+    }
+  }
   retranslate();
+  ShowSamples(page, context);
 }
 
 void InitSetupPage(SetupPage& page, Context& context, std::function<void()> retranslate) {
@@ -159,8 +166,11 @@ void InitSetupPage(SetupPage& page, Context& context, std::function<void()> retr
   }
   for (OptionButton* place : page.playlistPlace) place->clicked = [&] { EnablePlaylistFolder(page); };
   page.setup_proxy_chk.clicked = [&] { EnableProxy(page); };
-  page.setup_plsbrowse_btn.clicked =
-      Command(context, [&] { ChooseFolder(context, ChooserMode::SetupFolder, {.folder = &page.setup_plsfolder_txt}); });
+  page.setup_plsbrowse_btn.clicked = Command(context, [&] {
+    if (const auto chosen = ChooseFolder(context, ChooserMode::SetupFolder)) {
+      page.setup_plsfolder_txt.SetText(chosen->path);
+    }
+  });
   page.setup_ok_btn.clicked =
       Command(context, [&, change = std::move(retranslate)] { SaveSetup(page, context, change); });
   LoadSettings(page, context);

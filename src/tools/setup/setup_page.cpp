@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "core/helpers.h"
 #include "core/messages.h"
+#include "core/notices.h"
 
 namespace tagrix {
 namespace {
@@ -45,7 +45,11 @@ Node SetupLayout(SetupPage& page) {
   });
   const Node network = Column({
       Framed(page.setup_internet_frm, Column({page.setup_autoupd_chk, page.setup_bypass_chk})),
-      Framed(page.setup_freedb_frm, Column({page.setup_choosefreedb_lbl, page.setup_freedb_cmb})),
+      Framed(page.setup_freedb_frm, Column({page.setup_choosefreedb_lbl, page.setup_freedb_cmb,
+                                            Field(kLongCaptions, page.setup_site_lbl, page.setup_site_txt)})),
+      Framed(page.setup_sources_frm,
+             Column({Field(kLongCaptions, page.setup_musicbrainz_lbl, page.setup_musicbrainz_txt),
+                     page.setup_contact_lbl, page.setup_contact_txt})),
       Framed(page.setup_http_frm, Column({Field(kLongCaptions, page.setup_cgi_lbl, page.setup_cgi_txt),
                                           ShortField(page.setup_httpport_lbl, page.setup_httpport_txt)})),
       Framed(page.setup_proxy_frm,
@@ -75,6 +79,10 @@ void TranslateSetupPage(SetupPage& page, Context& context) {
                            {page.setup_plsbrowse_btn, message::kBrowse},
                            {page.setup_freedb_frm, message::kFreeDb},
                            {page.setup_choosefreedb_lbl, message::kChooseServer},
+                           {page.setup_site_lbl, message::kFreeDbSite},
+                           {page.setup_sources_frm, message::kOtherSources},
+                           {page.setup_musicbrainz_lbl, message::kMusicBrainzServer},
+                           {page.setup_contact_lbl, message::kContact},
                            {page.setup_proxy_frm, message::kProxy},
                            {page.setup_proxy_chk, message::kUseProxy},
                            {page.setup_server_lbl, message::kServerColon},

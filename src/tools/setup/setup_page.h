@@ -8,7 +8,7 @@
 #include "forms/buttons.h"
 #include "forms/layout.h"
 #include "forms/lists.h"
-#include "forms/texts.h"
+#include "forms/text_controls.h"
 
 namespace tagrix {
 
@@ -38,8 +38,13 @@ struct SetupPage {
   Button setup_plsbrowse_btn{"setup_plsbrowse_btn"};
 
   Frame setup_freedb_frm{"setup_freedb_frm"};
-  Label setup_choosefreedb_lbl{"setup_choosefreedb_lbl"};
+  Label setup_choosefreedb_lbl{"setup_choosefreedb_lbl"}, setup_site_lbl{"setup_site_lbl"};
   ComboBox setup_freedb_cmb{"setup_freedb_cmb"};
+  TextBox setup_site_txt{"setup_site_txt"};
+
+  Frame setup_sources_frm{"setup_sources_frm"};
+  Label setup_contact_lbl{"setup_contact_lbl"}, setup_musicbrainz_lbl{"setup_musicbrainz_lbl"};
+  TextBox setup_contact_txt{"setup_contact_txt"}, setup_musicbrainz_txt{"setup_musicbrainz_txt"};
 
   Frame setup_proxy_frm{"setup_proxy_frm"};
   CheckBox setup_proxy_chk{"setup_proxy_chk"};

@@ -19,7 +19,11 @@ TEST(CleaningRules, CleanNames) {
       {unmerge, L"AnOdeToNoOne.mp3", L"An Ode To No One.mp3"},
       {unmerge, L"abc1xyz-d_e.f Gh.mp3", L"abc 1xyz -d _e .f Gh.mp3"},
       {unmerge, L"ab1.mp3", L"ab1.mp3"},  // the last five are left alone
-      {unmerge, L"éÉté.mp3", L"é Été.mp3"},
+      // In any script.
+      {unmerge, L"TiếngViệtĐẹpỞĐây.mp3", L"Tiếng Việt Đẹp ỞĐây.mp3"},
+      {unmerge, L"ΟδυσσεύςΚαιΘάλασσα.mp3", L"Οδυσσεύς Και Θάλασσα.mp3"},
+      {unmerge, L"თბილისი25.mp3", L"თბილისი 25.mp3"},
+      {capitals, L"șI țARA ệ (đẸP) ωΔΉ ßA თბილისი ıx.mp3", L"Și Țara Ệ (Đẹp) Ωδή ßa თბილისი ıx.mp3"},
       // The rules run in one order.
       {{.unmerge = true, .spaces = true}, L"AnOdeToNoOne.mp3", L"An_Ode_To_No_One.mp3"},
       {{.merge = true, .spaces = true}, L"An Ode.mp3", L"AnOde.mp3"},
@@ -34,8 +38,7 @@ TEST(CleaningRules, CleanNames) {
       {upper, L"abc", L"abc"},
   };
   for (const auto& expected : cases) EXPECT_EQ(CleanedName(expected.before, expected.rules), expected.after);
-  for (const auto& [before, after] :
-       {std::pair(L"a  ", L"a "), {L"   ", L"  "}, {L"a  b", L"a  b"}, {L"", L""}, {L"a b ", L"a b "}}) {
+  for (const auto& [before, after] : {std::pair(L"a  ", L"a "), {L"   ", L"  "}, {L"a  b", L"a  b"}, {L"", L""}}) {
     EXPECT_EQ(CollapseSpaces(before), after);
   }
 }

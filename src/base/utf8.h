@@ -1,0 +1,22 @@
+// UTF-8, and texts as they stand in the query of an address.
+// Source: RFC 3629.
+#ifndef TAGRIX_BASE_UTF8_H
+#define TAGRIX_BASE_UTF8_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tagrix {
+
+// Nothing when the bytes are anything but well-formed UTF-8.
+std::optional<std::wstring> FromUtf8(std::string_view bytes);
+// Half a surrogate pair becomes U+FFFD.
+std::string ToUtf8(std::wstring_view text);
+
+// UTF-8 with everything but ASCII letters, digits and "-._~" percent-encoded, and "+" for a blank.
+std::wstring UrlEncoded(std::wstring_view text);
+
+}  // namespace tagrix
+
+#endif

@@ -1,0 +1,21 @@
+// Which file is which track, by their lengths.
+#ifndef TAGRIX_MATCH_SORT_FILES_H
+#define TAGRIX_MATCH_SORT_FILES_H
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace tagrix {
+
+// For each track in disc order the file closest to it among those left, the higher one of two that are equally close;
+// taking a file moves the one at the track's place to where it was. Returns where each place's file stood before.
+// `files` in milliseconds, `tracks` in CD frames; `placed` hears how many tracks are done.
+std::vector<int> SortFiles(
+    std::vector<std::int32_t> files, const std::vector<std::int32_t>& tracks,
+    const std::function<void(std::size_t tracksDone)>& placed = [](std::size_t) {});
+
+}  // namespace tagrix
+
+#endif

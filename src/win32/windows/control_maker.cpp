@@ -1,0 +1,57 @@
+#include "win32/windows/control_maker.h"
+
+#include "win32/windows/button_windows.h"
+#include "win32/windows/list_window.h"
+#include "win32/windows/picture_window.h"
+#include "win32/windows/text_windows.h"
+#include "win32/windows/tree_window.h"
+
+namespace tagrix {
+namespace {
+
+class Maker : public ControlVisitor {
+ public:
+  Maker(const Site& site, const Form& form, bool wraps) : site_(site), form_(form), wraps_(wraps) {}
+
+  void Visit(Button& button) override {
+    if (button.Image().empty()) {
+      Make<PushButton>(button, &button == form_.defaultButton);
+    } else {
+      Make<ImageButton>(button);
+    }
+  }
+  void Visit(CheckBox& box) override { Make<TickBox>(box); }
+  void Visit(OptionButton& option) override { Make<RadioButton>(option); }
+  void Visit(Label& label) override { Make<StaticText>(label, wraps_); }
+  void Visit(TextBox& box) override { Make<EditField>(box); }
+  void Visit(ListBox& list) override { Make<ListWindow>(list); }
+  void Visit(ComboBox& combo) override { Make<DropDown>(combo); }
+  void Visit(Frame& frame) override {
+    if (!frame.Text().empty()) Make<GroupBox>(frame);
+  }
+  void Visit(ProgressBox& progress) override { Make<ProgressBar>(progress); }
+  void Visit(TreeBox& tree) override { Make<TreeWindow>(tree); }
+  void Visit(Picture& picture) override { Make<PictureWindow>(picture); }
+
+  std::unique_ptr<Binding> made;
+
+ private:
+  template <typename Kind, typename... Arguments>
+  void Make(Arguments&&... arguments) {
+    made = std::make_unique<Kind>(site_, arguments...);
+  }
+
+  const Site& site_;
+  const Form& form_;
+  bool wraps_;
+};
+
+}  // namespace
+
+std::unique_ptr<Binding> MakeBinding(const Site& site, const Form& form, Control& control, bool wraps) {
+  Maker maker(site, form, wraps);
+  control.Accept(maker);
+  return std::move(maker.made);
+}
+
+}  // namespace tagrix

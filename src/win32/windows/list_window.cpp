@@ -1,0 +1,332 @@
+#include "win32/windows/list_window.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "base/letter_case.h"
+#include "base/text.h"
+#include "win32/windows/picture_window.h"
+
+namespace tagrix {
+namespace {
+
+constexpr UINT_PTR kDragTimer = 1;
+constexpr UINT kDragStep = 60;  // milliseconds between rows while the pointer is beyond the edge
+constexpr UINT kTakeSelection = WM_APP + 1;
+
+bool HasTitles(const ListBox& list) {
+  return std::any_of(list.Columns().begin(), list.Columns().end(),
+                     [](const ListColumn& c) { return !c.title.empty(); });
+}
+
+DWORD Style(const ListBox& list) {
+  return WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER |
+         (list.MultiSelect() ? 0U : LVS_SINGLESEL) | (HasTitles(list) ? 0U : LVS_NOCOLUMNHEADER);
+}
+
+bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
+
+}  // namespace
+
+ListWindow::ListWindow(const Site& site, ListBox& list)
+    : Binding(site, list, {WC_LISTVIEWW, Style(list), WS_EX_CLIENTEDGE}), list_(list) {
+  Ask(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+  Subclass();
+}
+
+void ListWindow::SetFonts(const Fonts& fonts) {
+  Binding::SetFonts(fonts);
+  dpi_ = fonts.Dpi();
+  bold_ = fonts.Bold();
+  FitColumns();
+}
+
+void ListWindow::Update(Changes changes) {
+  showing_ = true;
+  if (changes.Has(Change::Look)) MakeColumns();
+  if (changes.Has(Change::Items)) {
+    if (std::exchange(shownCount_, list_.Count()) != list_.Count()) {
+      Ask(LVM_SETITEMCOUNT, static_cast<WPARAM>(list_.Count()), LVSICF_NOSCROLL);
+    }
+    InvalidateRect(Window(), nullptr, FALSE);
+  }
+  ShowSelection();
+  showing_ = false;
+}
+
+void ListWindow::MakeColumns() {
+  while (Ask(LVM_DELETECOLUMN, 0) != FALSE) {
+  }
+  const std::vector<ListColumn> whole(1);
+  const std::vector<ListColumn>& columns = list_.Columns().empty() ? whole : list_.Columns();
+  for (int i = 0; ListColumn column : columns) {
+    LVCOLUMNW made{};
+    made.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM;
+    made.fmt = column.alignRight ? LVCFMT_RIGHT : LVCFMT_LEFT;
+    made.pszText = column.title.data();
+    made.iSubItem = i;
+    Ask(LVM_INSERTCOLUMNW, static_cast<WPARAM>(i++), reinterpret_cast<LPARAM>(&made));
+  }
+  const LONG_PTR style = GetWindowLongPtrW(Window(), GWL_STYLE);
+  const LONG_PTR wanted = HasTitles(list_) ? style & ~LVS_NOCOLUMNHEADER : style | LVS_NOCOLUMNHEADER;
+  if (wanted != style) SetWindowLongPtrW(Window(), GWL_STYLE, wanted);
+  FitColumns();
+}
+
+void ListWindow::FitColumns() {
+  RECT area;
+  GetClientRect(Window(), &area);
+  if (area.right == 0) return;  // not placed yet
+  if (list_.Columns().empty()) {
+    Ask(LVM_SETCOLUMNWIDTH, 0, area.right);
+    return;
+  }
+  int fixed = 0, sharing = 0;
+  for (const ListColumn& column : list_.Columns()) {
+    fixed += MulDiv(column.width, dpi_, 96);
+    sharing += column.width == 0;
+  }
+  const int share = sharing == 0 ? 0 : std::max<int>(0, area.right - fixed) / sharing;
+  for (WPARAM i = 0; const ListColumn& column : list_.Columns()) {
+    Ask(LVM_SETCOLUMNWIDTH, i++, column.width == 0 ? share : MulDiv(column.width, dpi_, 96));
+  }
+}
+
+void ListWindow::SetRowState(int row, UINT state, UINT mask) {
+  LVITEMW item{};
+  item.state = state;
+  item.stateMask = mask;
+  Ask(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+std::vector<bool> ListWindow::WindowSelection() const {
+  std::vector<bool> selected(static_cast<std::size_t>(list_.Count()));
+  int row = -1;
+  while ((row = static_cast<int>(Ask(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED))) >= 0) {
+    if (IsRow(row)) selected[static_cast<std::size_t>(row)] = true;
+  }
+  return selected;
+}
+
+void ListWindow::ShowSelection() {
+  const int count = list_.Count(), chosen = list_.SelectedCount();
+  if (count == 0) {
+    shownFocus_ = -1;
+    return;
+  }
+  if (chosen == 0 || (chosen == count && list_.MultiSelect())) {
+    SetRowState(-1, chosen == 0 ? 0 : LVIS_SELECTED, LVIS_SELECTED);
+  } else {
+    const std::vector<bool> shown = WindowSelection();
+    for (int row = 0; row < count; ++row) {
+      const bool selected = list_.Selected(row);
+      if (shown[static_cast<std::size_t>(row)] != selected)
+        SetRowState(row, selected ? LVIS_SELECTED : 0, LVIS_SELECTED);
+    }
+  }
+  if (list_.Focus() == shownFocus_) return;
+  shownFocus_ = list_.Focus();
+  if (!IsRow(shownFocus_)) return;
+  SetRowState(shownFocus_, LVIS_FOCUSED, LVIS_FOCUSED);
+  Ask(LVM_ENSUREVISIBLE, static_cast<WPARAM>(shownFocus_), FALSE);
+}
+
+void ListWindow::TakeSelection() {
+  if (!std::exchange(selectionTouched_, false)) return;
+  const std::vector<bool> chosen = WindowSelection();
+  const auto first = std::find(chosen.begin(), chosen.end(), true);
+  const bool several = std::count(chosen.begin(), chosen.end(), true) > 1;
+  if (first == chosen.end() && !list_.MultiSelect()) {
+    Update({});  // a click beside the rows leaves the choice as it was
+  } else if (first != chosen.end() && !several) {
+    const int row = static_cast<int>(first - chosen.begin());
+    shownFocus_ = row;
+    if (list_.SelectedCount() != 1 || !list_.Selected(row)) list_.ClickItem(row);
+  } else {
+    for (int row = 0; row < list_.Count(); ++row) list_.Select(row, chosen[static_cast<std::size_t>(row)]);
+    if (list_.selectionChanged) list_.selectionChanged();
+  }
+}
+
+std::optional<LRESULT> ListWindow::Notify(NMHDR& note) {
+  switch (note.code) {
+    case LVN_GETDISPINFOW:
+      ShowCell(reinterpret_cast<NMLVDISPINFOW&>(note).item);
+      return 0;
+    case LVN_ODFINDITEMW:
+      return FindText(reinterpret_cast<NMLVFINDITEMW&>(note));
+    case LVN_ITEMCHANGED:
+    case LVN_ODSTATECHANGED:
+      if (!showing_ && !std::exchange(selectionTouched_, true)) PostMessageW(Window(), kTakeSelection, 0, 0);
+      return 0;
+    case NM_CUSTOMDRAW:
+      return Colour(reinterpret_cast<NMLVCUSTOMDRAW&>(note));
+    case NM_DBLCLK: {
+      const int row = reinterpret_cast<NMITEMACTIVATE&>(note).iItem;
+      TakeSelection();
+      if (IsRow(row)) list_.DoubleClickItem(row);
+      return 0;
+    }
+    case LVN_KEYDOWN:
+      return KeyDown(reinterpret_cast<NMLVKEYDOWN&>(note).wVKey) ? 1 : 0;
+    case LVN_BEGINDRAG:
+      BeginDrag(reinterpret_cast<NMLISTVIEW&>(note).iItem);
+      return 0;
+    default:
+      return std::nullopt;
+  }
+}
+
+void ListWindow::ShowCell(LVITEMW& item) {
+  if ((item.mask & LVIF_TEXT) == 0) return;
+  cell_.clear();
+  if (IsRow(item.iItem)) {
+    const bool plain = list_.Columns().empty() || !list_.cell;
+    cell_ = plain ? list_.ItemText(item.iItem) : list_.cell(item.iItem, item.iSubItem);
+  }
+  item.pszText = cell_.data();
+}
+
+LRESULT ListWindow::Colour(NMLVCUSTOMDRAW& draw) const {
+  if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return list_.mark ? CDRF_NOTIFYITEMDRAW : CDRF_DODEFAULT;
+  const int row = static_cast<int>(draw.nmcd.dwItemSpec);
+  if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || !IsRow(row)) return CDRF_DODEFAULT;
+  switch (list_.mark(row)) {
+    case RowMark::None:
+      return CDRF_DODEFAULT;
+    case RowMark::Changed:
+      SelectObject(draw.nmcd.hdc, bold_);
+      return CDRF_NEWFONT;
+    case RowMark::Dim:
+      draw.clrText = ColourOf(Ink::DimText);
+      return CDRF_DODEFAULT;
+    case RowMark::Wrong:
+      draw.clrText = ColourOf(Ink::Error);
+      return CDRF_DODEFAULT;
+  }
+  return CDRF_DODEFAULT;
+}
+
+int ListWindow::FindText(const NMLVFINDITEMW& wanted) const {
+  if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr) return -1;
+  const std::wstring_view start = wanted.lvfi.psz;
+  for (int step = 0; step < list_.Count(); ++step) {
+    const int row = (std::max(0, wanted.iStart) + step) % list_.Count();
+    if (StartsWithIgnoringCase(list_.ItemText(row), start)) return row;
+  }
+  return -1;
+}
+
+bool ListWindow::KeyDown(UINT key) {
+  TakeSelection();
+  if (key == VK_DELETE) list_.PressKey(ListKey::Delete);
+  if (key != 'A' || !list_.MultiSelect() || !KeyIsDown(VK_CONTROL)) return false;
+  SetRowState(-1, LVIS_SELECTED, LVIS_SELECTED);
+  return true;
+}
+
+bool ListWindow::TakeKey(WPARAM key) {
+  if (key == VK_ESCAPE && dragged_ >= 0) return ReleaseCapture() != FALSE;
+  if (key != VK_RETURN || !list_.doubleClicked) return false;
+  TakeSelection();
+  const int row = static_cast<int>(Ask(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+  if (IsRow(row)) list_.DoubleClickItem(row);
+  return true;
+}
+
+std::wstring ListWindow::TooltipHere() {
+  if (!list_.itemTooltips) return {};
+  POINT point;
+  GetCursorPos(&point);
+  ScreenToClient(Window(), &point);
+  const int row = RowAt(point);
+  return IsRow(row) ? list_.ItemText(row) : std::wstring();
+}
+
+// Another row has another tooltip.
+void ListWindow::Hover(POINT point) {
+  if (!list_.itemTooltips || std::exchange(hovered_, RowAt(point)) == hovered_) return;
+  SendMessageW(GetParent(Window()), kHideTooltip, 0, 0);
+}
+
+int ListWindow::RowAt(POINT point) const {
+  LVHITTESTINFO hit{};
+  hit.pt = point;
+  return static_cast<int>(Ask(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+}
+
+void ListWindow::BeginDrag(int row) {
+  TakeSelection();
+  if (!list_.dragged || !IsRow(row)) return;
+  dragged_ = row;
+  SetCapture(Window());
+  SetTimer(Window(), kDragTimer, kDragStep, nullptr);
+}
+
+void ListWindow::DragOn() {
+  POINT point;
+  GetCursorPos(&point);
+  ScreenToClient(Window(), &point);
+  RECT area;
+  GetClientRect(Window(), &area);
+  SetCursor(LoadCursorW(nullptr, IDC_SIZENS));
+
+  // Beyond the edge it goes on row by row.
+  const int top = static_cast<int>(Ask(LVM_GETTOPINDEX)), page = static_cast<int>(Ask(LVM_GETCOUNTPERPAGE));
+  int to = RowAt({std::clamp<LONG>(point.x, 1, area.right - 1), point.y});
+  if (point.y < area.top) to = top - 1;
+  if (point.y >= area.bottom) to = top + page;
+  to = to < 0 && point.y >= area.top ? list_.Count() - 1 : std::clamp(to, 0, list_.Count() - 1);
+  if (!IsRow(dragged_) || !IsRow(to) || to == dragged_) return;
+  const std::wstring text = list_.ItemText(dragged_);
+  list_.Drag(dragged_, to);
+  // It has not moved when the page refuses.
+  if (IsRow(to) && list_.ItemText(to) == text) dragged_ = to;
+}
+
+void ListWindow::EndDrag() {
+  dragged_ = -1;
+  KillTimer(Window(), kDragTimer);
+}
+
+LRESULT ListWindow::Message(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case kTakeSelection:
+      TakeSelection();
+      return 0;
+    case WM_SIZE: {
+      const LRESULT result = Binding::Message(message, wParam, lParam);
+      FitColumns();
+      return result;
+    }
+    case WM_SYSKEYDOWN:
+      if (wParam != VK_UP && wParam != VK_DOWN) break;
+      TakeSelection();
+      list_.PressKey(wParam == VK_UP ? ListKey::MoveUp : ListKey::MoveDown);
+      return 0;
+    case WM_MOUSEMOVE:
+      if (dragged_ < 0) {
+        Hover({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+        break;
+      }
+      DragOn();
+      return 0;
+    case WM_TIMER:
+      if (wParam != kDragTimer) break;
+      DragOn();
+      return 0;
+    case WM_LBUTTONUP:
+      if (dragged_ >= 0) ReleaseCapture();
+      break;
+    case WM_CAPTURECHANGED:
+      EndDrag();
+      break;
+    default:
+      break;
+  }
+  return Binding::Message(message, wParam, lParam);
+}
+
+}  // namespace tagrix

@@ -1,0 +1,64 @@
+// The window of a list box: a virtual list view that asks the model for the rows in view.
+#ifndef TAGRIX_WIN32_WINDOWS_LIST_WINDOW_H
+#define TAGRIX_WIN32_WINDOWS_LIST_WINDOW_H
+
+#include <string>
+#include <vector>
+
+#include "forms/lists.h"
+#include "win32/windows/binding.h"
+
+namespace tagrix {
+
+class ListWindow : public Binding {
+ public:
+  ListWindow(const Site& site, ListBox& list);
+  void Update(Changes changes) override;
+  void SetFonts(const Fonts& fonts) override;
+  std::optional<LRESULT> Notify(NMHDR& note) override;
+  bool TakeKey(WPARAM key) override;
+  std::wstring TooltipHere() override;
+
+ protected:
+  LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    return SendMessageW(Window(), message, wParam, lParam);
+  }
+  bool IsRow(int row) const { return row >= 0 && row < list_.Count(); }
+
+  void MakeColumns();
+  void FitColumns();
+
+  // Selection: the window's rows are marked as the model says, and the other way round.
+  void ShowSelection();
+  void SetRowState(int row, UINT state, UINT mask);
+  std::vector<bool> WindowSelection() const;
+  void TakeSelection();
+
+  void ShowCell(LVITEMW& item);
+  LRESULT Colour(NMLVCUSTOMDRAW& draw) const;
+  int FindText(const NMLVFINDITEMW& wanted) const;
+  bool KeyDown(UINT key);
+
+  void Hover(POINT point);
+  int RowAt(POINT point) const;
+  void BeginDrag(int row);
+  void DragOn();
+  void EndDrag();
+
+  ListBox& list_;
+  int dpi_ = 96;
+  HFONT bold_ = nullptr;
+  bool showing_ = false;           // the window is being changed, not the user's choice
+  bool selectionTouched_ = false;  // by the user, not yet taken over
+  int shownCount_ = 0, shownFocus_ = -1;
+  int dragged_ = -1;   // the row that the pointer drags
+  int hovered_ = -1;   // the row of the tooltip
+  std::wstring cell_;  // the text handed out last
+};
+
+}  // namespace tagrix
+
+#endif

@@ -1,0 +1,201 @@
+// Archives into the database: layouts, encodings, damage, and an import that is killed.
+#include "discserver/import.h"
+
+#include <archive.h>
+#include <archive_entry.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "discserver/archive_reader.h"
+#include "discserver/disc_server.h"
+#include "discserver/store.h"
+
+namespace discserver {
+namespace {
+
+struct File {
+  std::string path, content, linkTo = {};
+};
+
+std::string Xmcd(const std::string& title, int revision = 0) {
+  return "# xmcd\n#\n# Revision: " + std::to_string(revision) + "\nDTITLE=" + title + "\nTTITLE0=One\n";
+}
+
+// Packed by the extension of its name.
+std::string Pack(const std::string& path, const std::vector<File>& files) {
+  archive* out = archive_write_new();
+  archive_write_set_format_filter_by_ext(out, path.c_str());
+  archive_write_open_filename(out, path.c_str());
+  for (const File& file : files) {
+    archive_entry* entry = archive_entry_new();
+    archive_entry_set_pathname(entry, file.path.c_str());
+    archive_entry_set_filetype(entry, AE_IFREG);
+    archive_entry_set_perm(entry, 0644);
+    archive_entry_set_size(entry, static_cast<la_int64_t>(file.content.size()));
+    if (!file.linkTo.empty()) archive_entry_set_hardlink(entry, file.linkTo.c_str());
+    archive_write_header(out, entry);
+    archive_write_data(out, file.content.data(), file.content.size());
+    archive_entry_free(entry);
+  }
+  archive_write_close(out);
+  archive_write_free(out);
+  return path;
+}
+
+std::string Bytes(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+struct Importing : testing::Test {
+  std::string Run(const std::string& archive) {
+    const ImportCounts counts = Import({archive}, folder / "discs.db", [](const ImportCounts&) {});
+    return std::to_string(counts.added) + " added, " + std::to_string(counts.revised) + " revised, " +
+           std::to_string(counts.known) + " known, " + std::to_string(counts.skipped) + " skipped";
+  }
+  std::string Title(const std::string& category, const std::string& id) {
+    const auto record = Store(folder / "discs.db").Find(category, id);
+    return record ? record->disc.title : "none";
+  }
+  // What a search for a word finds.
+  std::size_t Found(const std::string& word) { return Store(folder / "discs.db").Match(word, 100).size(); }
+
+  TemporaryFolder folder;
+};
+
+TEST_F(Importing, ReadsBothLayoutsAllPackingsAndEncodings) {
+  const std::vector<File> files = {
+      {"freedb/rock/0000aa01", Xmcd("Caf\xE9 / Latin")},
+      {"freedb/rock/0000aa02", Xmcd("Caf\u00E9 / Unicode")},
+      {"freedb/rock/0000aa03", "# xmcd\r\nDTITLE=A very \r\nDTITLE=long / title\r\n\r\n.\r\nEXTD=\r\n"},
+      {"freedb/rock/0000aa04", "", "freedb/rock/0000aa02"},
+      {"freedb/jazz/00to0f",
+       "#FILENAME=0000bb01\n" + Xmcd("Many / One") + "#FILENAME=0000bb02\r\n" + Xmcd("Many / Two")},
+      {"freedb/COPYING", "A licence"},
+      {"freedb/rock/0000aa05", "no record"},
+      {"freedb/rock/0000aa06", "", "freedb/rock/0000dead"},
+      {"freedb/Rock Music/0000aa07", Xmcd("No / Category")}};
+  for (const char* name : {"a.tar", "a.tar.bz2", "a.tar.gz"}) {
+    std::filesystem::remove(folder / "discs.db");
+    EXPECT_EQ(Run(Pack(folder / name, files)), "6 added, 0 revised, 0 known, 4 skipped") << name;
+    EXPECT_EQ(Title("rock", "0000aa01"), "Caf\u00E9 / Latin");
+    EXPECT_EQ(Title("rock", "0000aa04"), "Caf\u00E9 / Unicode");
+    EXPECT_EQ(Title("jazz", "0000bb02"), "Many / Two");
+    EXPECT_EQ(Found("cafe"), 3U);
+  }
+  const auto record = Store(folder / "discs.db").Find("rock", "0000aa03");
+  ASSERT_TRUE(record);
+  EXPECT_EQ(record->disc.title, "A very long / title");
+  EXPECT_EQ(record->text, "# xmcd\nDTITLE=A very \nDTITLE=long / title\nEXTD=\n");  // nothing that would end a reply
+}
+
+TEST_F(Importing, ChangesNothingTheSecondTimeAndTakesHigherRevisionsOnly) {
+  const std::string first = Pack(folder / "1.tar", {{"rock/0000aa01", Xmcd("Old / Title", 3)}});
+  EXPECT_EQ(Run(first), "1 added, 0 revised, 0 known, 0 skipped");
+  const std::string before = Bytes(folder / "discs.db");
+  EXPECT_EQ(Run(first), "0 added, 0 revised, 1 known, 0 skipped");
+  EXPECT_EQ(Bytes(folder / "discs.db"), before);
+  EXPECT_EQ(Run(Pack(folder / "2.tar", {{"rock/0000aa01", Xmcd("Lower / Revision", 2)}})),
+            "0 added, 0 revised, 1 known, 0 skipped");
+  // Newer ones in one go, as many layouts repeat a disc.
+  EXPECT_EQ(Run(Pack(folder / "3.tar",
+                     {{"rock/0000aa01", Xmcd("Longer / Than before", 4)}, {"rock/0000aa01", Xmcd("New / Title", 5)}})),
+            "0 added, 2 revised, 0 known, 0 skipped");
+  EXPECT_EQ(Title("rock", "0000aa01"), "New / Title");
+  EXPECT_EQ(Found("title"), 1U);
+  EXPECT_EQ(Found("old") + Found("longer"), 0U);
+  EXPECT_EQ(Store(folder / "discs.db").Categories(), (std::map<std::string, std::int64_t>{{"rock", 1}}));
+}
+
+TEST_F(Importing, KeepsWhatStandsBeforeDamage) {
+  const std::vector<File> files = {
+      {"rock/0000aa01", Xmcd("A / One")},
+      {"jazz/00to0f", "#FILENAME=0000bb01\n" + Xmcd("B / Two") + "#FILENAME=0000bb02\nlast"}};
+  const auto read = [](const std::string& path) {
+    std::pair<std::string, bool> records;  // and whether the archive was whole
+    try {
+      ReadArchive(path, [&](ArchivedRecord&& record) { records.first += record.id + record.file + "\n"; });
+      records.second = true;
+    } catch (const std::runtime_error& error) {
+      EXPECT_NE(std::string(error.what()).find(path), std::string::npos);
+    }
+    return records;
+  };
+  for (const std::string name : {"a.tar", "a.tar.gz"}) {
+    const std::string whole = Bytes(Pack(folder / name, files));
+    const auto [all, complete] = read(folder / name);
+    EXPECT_TRUE(complete);
+    const std::size_t step = name == "a.tar" ? 13 : 1;
+    for (std::size_t size = 1; size < std::min<std::size_t>(whole.size(), 2048); size += step) {
+      std::ofstream(folder / "cut", std::ios::binary) << whole.substr(0, size);
+      const auto [records, uncut] = read(folder / "cut");
+      EXPECT_TRUE(all.starts_with(records)) << name << " " << size;
+      // A tar file that ends between two files passes for a whole one.
+      EXPECT_TRUE(!uncut || size % 512 == 0) << name << " " << size;
+    }
+  }
+  std::ofstream(folder / "cut.tar", std::ios::binary) << Bytes(folder / "a.tar").substr(0, 1700);
+  EXPECT_THROW(Run(folder / "cut.tar"), std::runtime_error);
+  EXPECT_EQ(Title("rock", "0000aa01"), "A / One");
+  EXPECT_THROW(Run(folder / "missing.tar"), std::runtime_error);
+  std::ofstream(folder / "other.db") << "something else";
+  EXPECT_THROW(Import({folder / "a.tar"}, folder / "other.db", [](const ImportCounts&) {}), std::runtime_error);
+}
+
+TEST_F(Importing, GoesOnAfterAKill) {
+  constexpr int kDiscs = 60'000;  // more than are written at a time
+  std::string many;
+  for (int i = 0; i < kDiscs; ++i) {
+    char id[9];
+    std::snprintf(id, sizeof id, "%08x", i);
+    many += "#FILENAME=" + std::string(id) + "\n" + Xmcd("Artist " + std::to_string(i % 100) + " / Disc");
+  }
+  const std::string archive = Pack(folder / "many.tar", {{"rock/many", many}});
+  int killed = 0;
+  for (useconds_t wait = 2000; wait < 1'000'000 && killed < 6; wait = wait * 5 / 2) {
+    Program import({"import", "--database", folder / "discs.db", archive});
+    usleep(wait);
+    import.Signal(SIGKILL);
+    if (import.Wait() == -SIGKILL) ++killed;
+  }
+  EXPECT_GT(killed, 1);
+  EXPECT_EQ(Program({"import", "--database", folder / "discs.db", archive}).Wait(), 0);
+  Store store(folder / "discs.db");
+  EXPECT_EQ(store.Categories()["rock"], kDiscs);
+  EXPECT_EQ(store.Match("disc", kDiscs * 2).size(), static_cast<std::size_t>(kDiscs));
+  EXPECT_EQ(store.Match("artist AND 42", kDiscs).size(), static_cast<std::size_t>(kDiscs / 100));
+}
+
+// However the bytes of a file are handed over, the same records come out, none of them without limit.
+TEST_F(Importing, SplitsFilesAtAnyByte) {
+  const std::string file = "#FILENAME=1\na\n#FILENAME=2 \r\nb#FILENAME=x\n#FILENAME=\n\n#FILENAME=3";
+  std::vector<std::string> expected;
+  for (std::size_t cut = 0; cut <= file.size(); ++cut) {
+    std::vector<std::string> records;
+    const RecordSink sink = [&](ArchivedRecord&& record) { records.push_back(record.id + ":" + record.file); };
+    RecordSplitter splitter("rock/many", sink);
+    splitter.Take(file.substr(0, cut));
+    splitter.Take(file.substr(cut));
+    splitter.End();
+    if (cut == 0) expected = records;
+    EXPECT_EQ(records, expected) << cut;
+  }
+  EXPECT_EQ(expected, (std::vector<std::string>{"1:a\n", "2:b#FILENAME=x\n", ":\n", "3:"}));
+
+  std::size_t largest = 0, last = 0;
+  const RecordSink sink = [&](ArchivedRecord&& record) { largest = std::max(largest, last = record.file.size()); };
+  RecordSplitter splitter("rock/many", sink);
+  for (int i = 0; i < 100; ++i) splitter.Take(std::string(100'000, 'x'));
+  splitter.Take("\n#FILENAME=2\nend");
+  splitter.End();
+  EXPECT_EQ(largest, RecordSplitter::kMaxRecord);
+  EXPECT_EQ(last, 3U);
+}
+
+}  // namespace
+}  // namespace discserver
