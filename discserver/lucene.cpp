@@ -158,7 +158,7 @@ class Parser {
       case Token::Kind::Phrase:
         return WordClause(token.text + " ", column);
       case Token::Kind::Open: {
-        const std::string expression = Expression(ParseGroup(column, depth + 1));
+        std::string expression = Expression(ParseGroup(column, depth + 1));
         if (token_.kind != Token::Kind::Close) throw QueryError("A parenthesis is not closed");
         Advance();
         return expression;

@@ -34,9 +34,9 @@ std::string Joined(const std::vector<std::string>& clauses) {
 // Seldom clauses first. How common one is shows in how far the index has to be walked for its first discs.
 void SortByRarity(Store& store, std::vector<std::string>& clauses, std::size_t most) {
   std::vector<std::pair<std::pair<std::size_t, std::int64_t>, std::string>> ranked;
-  for (std::string& clause : clauses) {
+  for (const std::string& clause : clauses) {
     const auto places = store.Match(clause, most);
-    if (!places.empty()) ranked.push_back({{places.size(), -places.back()}, std::move(clause)});
+    if (!places.empty()) ranked.push_back({{places.size(), -places.back()}, clause});
   }
   std::sort(ranked.begin(), ranked.end());
   clauses.clear();

@@ -76,7 +76,7 @@ TEST_F(SocketContract, ConnectsOnlyWhileEventsRun) {
 }
 
 TEST_F(SocketContract, AllArrivesThereAndBackBeforeTheEnd) {
-  for (const size_t size : {1, 5'000'000}) {
+  for (const size_t size : {size_t{1}, size_t{5'000'000}}) {
     const std::string request = Request("close", size);
     received_.clear();
     ASSERT_TRUE(Asks(request));

@@ -92,13 +92,15 @@ TEST(DiscRecord, LeavesUnknownLengthsAtZeroAndHoldsHugeOnes) {
 }
 
 TEST(DiscRecord, IsNothingElse) {
-  const std::string record = kReply + kTwoTracks;
-  for (const std::string& text : {kHeaders, kHeaders + "210\r\n\r\nDTITLE=x\r\n.\r\n",
-                                  kHeaders + "401 rock 47013c08 No such entry.\r\n" + kTwoTracks,
-                                  kHeaders + "<html>\r\n" + record + ".\r\n</html>", record + ".\r\n",
-                                  kHeaders + record, kHeaders + kReply + "TTITLE0=no disc title\r\n.\r\n"}) {
-    EXPECT_FALSE(ParseDiscRecord(text)) << text;
-  }
+  const std::string record = kReply + kTwoTracks, whole = record + ".\r\n";
+  const std::string bodies[] = {"",
+                                "210\r\n\r\nDTITLE=x\r\n.\r\n",
+                                "401 rock 47013c08 No such entry.\r\n" + kTwoTracks,
+                                std::string("<html>\r\n").append(whole).append("</html>"),
+                                record,
+                                kReply + "TTITLE0=no disc title\r\n.\r\n"};
+  for (const std::string& body : bodies) EXPECT_FALSE(ParseDiscRecord(kHeaders + body)) << body;
+  EXPECT_FALSE(ParseDiscRecord(whole));
 }
 
 // Would take hours, or all memory, if each title searched or copied the rest of the record.

@@ -59,7 +59,9 @@ TEST_F(Gnudb, AsksForArtistAndAlbumAndNamesItsUser) {
     asked.clear();
     EXPECT_EQ(Search(words, any).answer, Answer::Given);
     std::vector<std::string> expected;
-    for (const std::string& search : searches) expected.push_back(server + "search&" + search + hello);
+    for (const std::string& search : searches) {
+      expected.push_back(std::string(server).append("search&").append(search).append(hello));
+    }
     EXPECT_EQ(asked, expected);
     EXPECT_TRUE(hits.empty());
   }

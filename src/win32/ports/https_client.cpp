@@ -35,8 +35,8 @@ void SetOption(HINTERNET handle, DWORD option, DWORD value) { WinHttpSetOption(h
 
 // A system that doesn't know TLS 1.3 refuses both.
 bool DemandTls12(HINTERNET session) {
-  for (DWORD protocols : {WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_2 | WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_3,
-                          WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_2}) {
+  constexpr DWORD kTls12 = WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_2, kTls13 = WINHTTP_FLAG_SECURE_PROTOCOL_TLS1_3;
+  for (DWORD protocols : {kTls12 | kTls13, kTls12}) {
     if (WinHttpSetOption(session, WINHTTP_OPTION_SECURE_PROTOCOLS, &protocols, sizeof protocols)) return true;
   }
   return false;
@@ -151,7 +151,7 @@ void WinHttpsClient::Handle(UINT message, WPARAM status, LPARAM value) {
 
 void WinHttpsClient::TakeHeaders() {
   answer_.status = static_cast<int>(Number(WINHTTP_QUERY_STATUS_CODE));
-  constexpr std::uint64_t kDay = 24 * 60 * 60;
+  constexpr std::uint64_t kDay = 86'400;  // seconds
   answer_.retryAfter = static_cast<int>(std::min(Number(WINHTTP_QUERY_RETRY_AFTER), kDay));
   announced_ = Number(WINHTTP_QUERY_CONTENT_LENGTH);
   ReadOn();
