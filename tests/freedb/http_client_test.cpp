@@ -137,6 +137,17 @@ TEST_F(Http, IsCancelledAtAnyMoment) {
   EXPECT_EQ(Get(L"http://a/"), "");
   EXPECT_TRUE(test.socket.requests.empty());
   EXPECT_EQ(test.socket.State(), SocketState::Closed);
+
+  // What has come of an answer when it is cancelled is kept.
+  progress.cancelled = false;
+  progress.texts.clear();
+  test.socket.closeAfterAnswer = false;
+  Answer("HTTP/1.0 200 OK\r\n\r\nsome");
+  test.events.eachTime = [&] { progress.cancelled = !progress.texts.empty(); };
+  EXPECT_EQ(Get(L"http://a/"), "");
+  std::string kept;
+  http.WaitFor("", progress, &kept);
+  EXPECT_EQ(kept, "HTTP/1.0 200 OK\r\n\r\nsome");
 }
 
 TEST_F(Http, ShowsHowMuchHasCome) {
