@@ -1,27 +1,29 @@
 // album_road FOLDER PORT: names and tags the album in the folder, whose name are the words to search for, by the first
 // disc with as many tracks that a FreeDB server, as a proxy on this port, finds for them. The engine alone, without a
 // window.
-#include "audio/measure.h"
 #include "base/text.h"
 #include "bench/machine.h"
 #include "fakes/fakes.h"
 #include "freedb/freedb_source.h"
-#include "match/sort_files.h"
 #include "session/apply.h"
+#include "session/measure_album.h"
 
 namespace tagrix {
 namespace {
 
 // Tells everything on the console.
-struct Console : Progress, ApplyWatcher {
+struct Console : Progress, MeasureWatcher, ApplyWatcher {
   void Status(std::wstring_view text) override { Say("  ", text); }
   void Percent(int) override {}
   void LetEventsRun() override {}
   void Pass(std::wstring_view) override {}
   bool Cancelled() const override { return false; }
+  void Measured(std::size_t, std::int32_t) override {}
+  void NotRead(const Failure& failure) override { throw failure; }
   void Tell(const Incident& incident) override { Say("not done: ", incident.name); }
   void NameChanged(int) override {}
   bool MayReplacePlaylist(const std::wstring&) override { return true; }
+  std::optional<TagStyle> ChooseTagStyle(const TagStyleReasons&) override { return TagStyle::Standard; }
 
   static void Say(const char* what, std::wstring_view text) {
     std::printf("%s%s\n", what, FakeCodePage().ToBytes(text).c_str());
@@ -53,10 +55,7 @@ int TagAlbum(const std::filesystem::path& path, const std::string& port) {
   }
   if (!CanBeSorted(session)) return 1;
 
-  std::vector<std::int32_t> files, tracks;
-  for (const AlbumFile& file : session.files) files.push_back(MeasureFile(*drive.files, AlbumPath(session, file.name)));
-  for (const DiscTrack& track : session.disc.tracks) tracks.push_back(track.frames);
-  ReorderFiles(session, SortFiles(files, tracks));
+  ReorderFiles(session, SortAlbum(session, MeasureAlbum(session, *drive.files, console, console), console));
   ApplyOrder order;
   order.rename = order.playlist = order.id3v1 = order.id3v2 = true;
   order.renamePattern = L"%6 - %2";

@@ -1,10 +1,5 @@
 // disc_clients PORT CLIENTS COUNT: so many clients at once that ask the disc server for so many searches each, over new
 // connections. Prints the answers' times in milliseconds, the answers a second, and how many were lost.
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -13,6 +8,8 @@
 #include <string>
 #include <thread>
 #include <vector>
+
+#include "bench/loopback_client.h"
 
 namespace {
 
@@ -45,21 +42,8 @@ std::string Request(std::mt19937& dice, int turn) {
   return "GET " + path + " HTTP/1.0\r\n\r\n";
 }
 
-bool Ask(in_port_t port, const std::string& request) {
-  sockaddr_in server{};
-  server.sin_family = AF_INET;
-  server.sin_port = htons(port);
-  server.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  const int connection = socket(AF_INET, SOCK_STREAM, 0);
-  std::string answer;
-  std::array<char, 65536> buffer{};
-  if (connect(connection, reinterpret_cast<sockaddr*>(&server), sizeof server) == 0 &&
-      send(connection, request.data(), request.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(request.size())) {
-    for (ssize_t got = 0; (got = recv(connection, buffer.data(), buffer.size(), 0)) > 0;) {
-      answer.append(buffer.data(), static_cast<std::size_t>(got));
-    }
-  }
-  close(connection);
+bool IsAnswered(int port, const std::string& request) {
+  const std::string answer = loopback::Ask(port, request);
   return answer.find(" 200 ") < 16 && (answer.ends_with("\r\n") || answer.ends_with("}"));
 }
 
@@ -67,7 +51,7 @@ bool Ask(in_port_t port, const std::string& request) {
 
 int main(int count, char** arguments) {
   if (count != 4) return 2;
-  const auto port = static_cast<in_port_t>(std::stoi(arguments[1]));
+  const int port = std::stoi(arguments[1]);
   const auto clients = std::stoul(arguments[2]), requests = std::stoul(arguments[3]);
   std::vector<std::vector<double>> times(clients);
   std::vector<std::size_t> lost(clients);
@@ -79,7 +63,7 @@ int main(int count, char** arguments) {
       for (std::size_t i = 0; i < requests; ++i) {
         const std::string request = Request(dice, static_cast<int>(i));
         const auto before = Clock::now();
-        if (!Ask(port, request)) ++lost[client];
+        if (!IsAnswered(port, request)) ++lost[client];
         times[client].push_back(std::chrono::duration<double, std::milli>(Clock::now() - before).count());
       }
     });

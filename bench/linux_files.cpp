@@ -131,6 +131,7 @@ class LinuxFiles : public Files {
   std::vector<std::wstring> Drives() override { return {L"C:"}; }
   bool HasVolumeLabel(const std::wstring& drive) override { return drive == L"C:"; }
   std::wstring MusicFolder() override { return {}; }
+  std::wstring DesktopFolder() override { return {}; }
 
  private:
   // The Linux path of a path on the drive; empty for another drive.

@@ -45,13 +45,24 @@ inline std::vector<std::string> Mp3Names(const std::string& folder) {
   return names;
 }
 
-// Prints how many milliseconds the work took, after its name: a line that bench/run reads.
+class Stopwatch {
+ public:
+  // Prints the milliseconds since it was made, after a name: a line that bench/run reads.
+  void Print(const char* name) const {
+    const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start_;
+    std::printf("%s %.3f\n", name, elapsed.count());
+  }
+
+ private:
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+// Prints how long the work took.
 template <typename Work>
 void Time(const char* name, Work work) {
-  const auto start = std::chrono::steady_clock::now();
+  const Stopwatch watch;
   work();
-  const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
-  std::printf("%s %.3f\n", name, elapsed.count());
+  watch.Print(name);
 }
 
 // The same for the work on each of some names, all together.

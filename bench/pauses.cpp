@@ -109,7 +109,10 @@ void MeasureFiles(const std::string& path) {
   Watched silent(path);
   for (const std::string& name : Mp3Names(path)) {
     silent.events.Watch("measure", [&] {
-      MeasureFile(*silent.folder.files, silent.folder.path + Widen(name), [&] { silent.events.DoEvents(); });
+      MeasureFile(*silent.folder.files, silent.folder.path + Widen(name), [&] {
+        silent.events.DoEvents();
+        return true;
+      });
     });
   }
 }

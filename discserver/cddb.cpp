@@ -43,7 +43,7 @@ std::string Read(Store& store, const Command& command) {
 }
 
 // "cddb query DISCID TRACKS OFFSET... SECONDS": by the id alone, which follows from the rest.
-std::string Query(Store& store, const Command& command) {
+std::string AnswerQuery(Store& store, const Command& command) {
   if (command.words.size() < 5) return "500 Command syntax error.\r\n";
   const auto discs = store.WithId(command.words[2]);
   if (discs.empty()) return "202 No match for disc ID " + command.words[2] + ".\r\n";
@@ -100,7 +100,7 @@ std::string Help() {
              "VER\n");
 }
 
-std::string Answer(Store& store, const Command& command) {
+std::string AnswerCommand(Store& store, const Command& command) {
   const auto is = [&command](std::size_t place, std::string_view name) {
     return command.words.size() > place && command.words[place] == name;
   };
@@ -112,7 +112,7 @@ std::string Answer(Store& store, const Command& command) {
   if (is(0, "search")) return Find(store, command);
   if (!is(0, "cddb") || !(is(1, "read") || is(1, "query") || is(1, "lscat"))) return "500 Unrecognized command.\r\n";
   if (is(1, "lscat")) return Categories(store);
-  return is(1, "read") ? Read(store, command) : Query(store, command);
+  return is(1, "read") ? Read(store, command) : AnswerQuery(store, command);
 }
 
 }  // namespace
@@ -129,7 +129,7 @@ CddbReply AnswerCddb(Store& store, const CddbRequest& request) {
   for (std::string& word : command.words) {
     for (char& c : word) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
   }
-  const std::string text = Answer(store, command);
+  const std::string text = AnswerCommand(store, command);
   const bool utf8 = protocol == kMostProtocol;
   return {utf8 ? text : ToLatin1(text), utf8};
 }

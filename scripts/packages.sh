@@ -1,4 +1,4 @@
-# Sourced by ./test and ./run: installs the Debian packages that are missing.
+# Sourced by ./test, ./run and ./package: installs the Debian packages that are missing.
 
 # need PACKAGE:PROBE...  installs each package whose probe, a command or an absolute path, isn't there.
 need() {
@@ -43,6 +43,7 @@ generator() { command -v ninja >/dev/null && echo Ninja || echo "Unix Makefiles"
 native_packages=(g++:g++ cmake:cmake googletest:/usr/src/googletest/CMakeLists.txt
                  nlohmann-json3-dev:/usr/include/nlohmann/json.hpp)
 present make || native_packages+=(ninja-build:ninja)
+package_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix nsis:makensis zip:zip)
 windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix
                   wine:wine wine64:/usr/lib/wine/wine64 xvfb:Xvfb
                   libxrender1:/usr/lib/*/libXrender.so.1 libxcursor1:/usr/lib/*/libXcursor.so.1
@@ -53,4 +54,8 @@ disc_server_packages=(libsqlite3-dev:/usr/include/sqlite3.h libarchive-dev:/usr/
                       libmicrohttpd-dev:/usr/include/microhttpd.h
                       pkg-config:pkg-config)
 music_packages=(lame:lame sox:sox)
+encoder_packages=(lame:lame ffmpeg:ffmpeg twolame:twolame mpg123:mpg123 python3:/usr/bin/python3)
+tagger_packages=(id3v2:id3v2 file:file python3-mutagen:/usr/lib/python3/dist-packages/mutagen
+                 python3-eyed3:/usr/lib/python3/dist-packages/eyed3
+                 python3-taglib:/usr/lib/python3/dist-packages/taglib*)
 fuzz_packages=(clang-14:clang-14 libclang-rt-14-dev:/usr/lib/llvm-14/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a)

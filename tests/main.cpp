@@ -1,13 +1,13 @@
 // Runs the tests of a program. One that takes too long is named and ends the program, whatever its thread waits for.
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
+#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
+#include <mutex>
+#include <stop_token>
 #include <thread>
-#include <utility>
 
 #ifdef _WIN32
 #include <windows.h>
@@ -16,48 +16,39 @@
 namespace tagrix {
 namespace {
 
-constexpr int kLimit = 60;  // seconds
+constexpr std::chrono::seconds kLimit{60};
 
-struct Running {
-  std::atomic<const testing::TestInfo*> test = nullptr;  // none between two tests
-  std::atomic<int> seconds = 0;
-};
+[[noreturn]] void End(const testing::TestInfo& test) {
+  std::printf("[  FAILED  ] %s.%s still runs after %d seconds\n\n 1 FAILED TEST\n", test.test_suite_name(), test.name(),
+              static_cast<int>(kLimit.count()));
+  std::fflush(stdout);
+#ifdef _WIN32
+  TerminateProcess(GetCurrentProcess(), EXIT_FAILURE);  // std::_Exit waits for the loader's lock
+#endif
+  std::_Exit(EXIT_FAILURE);
+}
 
-class Listener : public testing::EmptyTestEventListener {
+class Watch : public testing::EmptyTestEventListener {
  public:
-  explicit Listener(std::shared_ptr<Running> running) : running_(std::move(running)) {}
   void OnTestStart(const testing::TestInfo& test) override {
-    running_->seconds = 0;
-    running_->test = &test;
+    thread_ = std::jthread([&test](const std::stop_token& ended) {
+      std::mutex mutex;
+      std::unique_lock lock(mutex);
+      std::condition_variable_any().wait_for(lock, ended, kLimit, [] { return false; });
+      if (!ended.stop_requested()) End(test);
+    });
   }
-  void OnTestEnd(const testing::TestInfo&) override { running_->test = nullptr; }
+  void OnTestEnd(const testing::TestInfo&) override { thread_ = {}; }
 
  private:
-  const std::shared_ptr<Running> running_;
+  std::jthread thread_;
 };
-
-[[noreturn]] void Watch(Running& running) {
-  while (true) {
-    std::this_thread::sleep_for(std::chrono::seconds(1));
-    const testing::TestInfo* test = running.test;
-    if (test == nullptr || ++running.seconds < kLimit) continue;
-    std::printf("[  FAILED  ] %s.%s still runs after %d seconds\n\n 1 FAILED TEST\n", test->test_suite_name(),
-                test->name(), kLimit);
-    std::fflush(stdout);
-#ifdef _WIN32
-    TerminateProcess(GetCurrentProcess(), EXIT_FAILURE);  // std::_Exit waits for the loader's lock
-#endif
-    std::_Exit(EXIT_FAILURE);
-  }
-}
 
 }  // namespace
 }  // namespace tagrix
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  const auto running = std::make_shared<tagrix::Running>();
-  std::thread([running] { tagrix::Watch(*running); }).detach();
-  testing::UnitTest::GetInstance()->listeners().Append(new tagrix::Listener(running));
+  testing::UnitTest::GetInstance()->listeners().Append(new tagrix::Watch);
   return RUN_ALL_TESTS();
 }

@@ -1,13 +1,14 @@
 #!/bin/bash
-# Runs a Windows program under Wine: tests/wine.sh PROGRAM [ARGUMENT]...
+# Runs a Windows program, or a script that runs some, under Wine: tests/wine.sh PROGRAM|SCRIPT.sh [ARGUMENT]...
 # WINEPREFIX names the prefix, which is made when it is missing. Without a DISPLAY the program gets a screen of its own,
-# and what else runs in the prefix ends with it.
+# of the size that TAGRIX_SCREEN may name, and what else runs in the prefix ends with it.
 set -eu
 : "${WINEPREFIX:?names the prefix to run in}"
-export WINEPREFIX WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe="
+export WINEPREFIX WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}"
+export WINEDLLOVERRIDES="mscoree=;mshtml=;winedbg.exe=;winemenubuilder.exe="
 
 if [ -z "${DISPLAY:-}" ]; then
-  exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1280x960x24 -nolisten tcp 2>/dev/null)
+  exec {number}< <(exec Xvfb -displayfd 1 -screen 0 "${TAGRIX_SCREEN:-1280x960}x24" -nolisten tcp 2>/dev/null)
   screen=$!
   trap 'wineserver --kill || true; kill "$screen"' EXIT
   read -r DISPLAY <&"$number"
@@ -31,4 +32,7 @@ fi
   fi
 ) 9>"$WINEPREFIX.lock"
 
-wine "$@"
+case $1 in
+  *.sh) "$@" ;;
+  *) wine "$@" ;;
+esac

@@ -10,6 +10,9 @@ namespace tagrix {
 // Wires the events and sets the state at start.
 void InitAlbumPage(AlbumPage& page, Context& context);
 
+// Whether the program may end. Asks, once, when an album was prepared and never applied.
+bool MayLeaveAlbum(AlbumPage& page, Context& context);
+
 }  // namespace tagrix
 
 #endif

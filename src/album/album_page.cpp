@@ -1,5 +1,6 @@
 #include "album/album_page.h"
 
+#include "album/album_table.h"
 #include "core/messages.h"
 #include "core/notices.h"
 #include "session/rename_pattern.h"
@@ -31,8 +32,8 @@ Node Results(AlbumPage& page) {
 Node Match(AlbumPage& page) {
   const Node buttons = Column({Row({Stretch(1, page.up_btn), Stretch(1, page.down_btn)}), page.delete_btn,
                                page.clear_btn, page.ghost_btn, page.autosort_btn, page.info_btn, Spacer()});
-  return Row({Stretch(1, MinSize(kHalf, 0, Framed(page.files_frm, Row({Stretch(1, page.mp3_lst), buttons})))),
-              Stretch(1, MinSize(kHalf, 0, Framed(page.tracks_frm, page.tracks_lst)))});
+  const Node table = Column({Stretch(1, page.mp3_lst), page.verdict_lbl});
+  return Framed(page.files_frm, Row({Stretch(1, table), buttons}));
 }
 
 Node Doing(AlbumPage& page) {
@@ -53,19 +54,40 @@ Node AlbumLayout(AlbumPage& page) {
   return Framed(page.session_frm, Column({folder, Results(page), Stretch(1, Match(page)), Doing(page)}));
 }
 
+void ShowHitCount(AlbumPage& page, Context& context) {
+  const int count = page.resalb_lst.Count();
+  page.alb_frm.SetText(context.Text(message::kAlbums) + (count == 0 ? L"" : L" (" + std::to_wstring(count) + L")"));
+}
+
 void TranslateAlbumPage(AlbumPage& page, Context& context) {
-  SetCaptions(context, {{page.files_frm, message::kFiles},       {page.res_frm, message::kResults},
-                        {page.alb_frm, message::kAlbums},        {page.tracks_frm, message::kTracks},
-                        {page.steps_frm, message::kSteps},       {page.options_frm, message::kOptions},
-                        {page.browse_btn, message::kBrowse},     {page.delete_btn, message::kDelete},
-                        {page.clear_btn, message::kClear},       {page.ghost_btn, message::kAddFake},
-                        {page.autosort_btn, message::kAutoSort}, {page.info_btn, message::kStatistics},
-                        {page.more_btn, message::kMore},         {page.artist_lbl, message::kArtist},
-                        {page.album_lbl, message::kAlbum},       {page.year_lbl, message::kYear},
-                        {page.genre_lbl, message::kGenre},       {page.helpgenre_btn, message::kGenreCaption},
-                        {page.ren_chk, message::kRename},        {page.pls_chk, message::kCreatePlaylist},
-                        {page.ID3v2_chk, message::kId3v2},       {page.ID3v1_chk, message::kId3v1},
+  SetCaptions(context, {{page.files_frm, message::kFilesAndTracks},
+                        {page.res_frm, message::kResults},
+                        {page.alb_frm, message::kAlbums},
+                        {page.steps_frm, message::kSteps},
+                        {page.options_frm, message::kOptions},
+                        {page.browse_btn, message::kBrowse},
+                        {page.delete_btn, message::kDelete},
+                        {page.clear_btn, message::kClear},
+                        {page.ghost_btn, message::kAddFake},
+                        {page.autosort_btn, message::kAutoSort},
+                        {page.info_btn, message::kStatistics},
+                        {page.more_btn, message::kMore},
+                        {page.artist_lbl, message::kArtist},
+                        {page.album_lbl, message::kAlbum},
+                        {page.year_lbl, message::kYear},
+                        {page.genre_lbl, message::kGenre},
+                        {page.helpgenre_btn, message::kGenreCaption},
+                        {page.ren_chk, message::kRename},
+                        {page.pls_chk, message::kCreatePlaylist},
+                        {page.ID3v2_chk, message::kId3v2},
+                        {page.ID3v1_chk, message::kId3v1},
                         {page.undo_btn, message::kUndo}});
+  ShowHitCount(page, context);
+  page.path_txt.SetSpokenName(context.Text(message::kAlbumFolder));
+  page.up_btn.SetTooltip(context.Text(message::kMoveUp));
+  page.down_btn.SetTooltip(context.Text(message::kMoveDown));
+  page.mp3_lst.SetHint(context.Text(message::kAlbumHint));
+  page.resalb_lst.SetHint(context.Text(message::kResultsHint));
   page.go_btn.SetText(L"1 - " + context.Text(message::kSearch));
   page.fetch_btn.SetText(L"2 - " + context.Text(message::kRetrieve));
   page.apply_btn.SetText(L"3 - " + context.Text(message::kApply));
@@ -73,6 +95,7 @@ void TranslateAlbumPage(AlbumPage& page, Context& context) {
   const std::wstring year = std::to_wstring(context.clock.CurrentYear());
   page.test_lbl.SetText(PatternSample(context.settings.Get(setting::kPattern), year));
   page.pls_lbl.SetText(PlaylistSample(context.settings.Get(setting::kPlaylist), year));
+  TranslateAlbumTable(page, context);
 }
 
 }  // namespace tagrix

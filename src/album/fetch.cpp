@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "album/album_table.h"
 #include "album/file_list.h"
 #include "album/source_notices.h"
 #include "core/long_work.h"
@@ -25,6 +26,7 @@ void ShowDisc(AlbumPage& page, Context& context) {
   for (int i = 0; i < TrackCount(page.session); ++i) lines.push_back(TrackLine(page.session, i));
   page.tracks_lst.Clear();
   page.tracks_lst.Append(std::move(lines));
+  ShowTable(page);
 }
 
 void OfferFakes(AlbumPage& page, Context& context) {
@@ -37,13 +39,16 @@ void OfferFakes(AlbumPage& page, Context& context) {
 void ReadDisc(AlbumPage& page, Context& context, const NamedSource& asked, const DiscHit& hit, Progress& progress) {
   page.session.disc.tracks.clear();
   page.tracks_lst.Clear();
+  ShowTable(page);
   page.apply_btn.SetEnabled(false);
   std::optional<Disc> disc;
   const SourceReply reply = asked.source.Read(hit, disc, progress);
   if (!disc) return ShowNoAnswer(context, asked.name, reply, context.Text(message::kReadFailed));
   page.session.disc = std::move(*disc);
+  page.settled = false;
   ShowDisc(page, context);
   page.apply_btn.SetEnabled(true);
+  MeasureLengths(page, context, progress);
   OfferFakes(page, context);
 }
 
@@ -65,6 +70,7 @@ void EditTrack(AlbumPage& page, Context& context) {
   const int i = page.tracks_lst.SelectedIndex();
   if (i < 0 || !EditTrackName(context, page.session.disc.tracks.at(static_cast<std::size_t>(i)))) return;
   page.tracks_lst.SetItemText(i, TrackLine(page.session, i));
+  RefreshTable(page);
 }
 
 }  // namespace tagrix

@@ -9,6 +9,12 @@ namespace tagrix {
 // Lets the user choose a folder and lists its files of the chosen type; the session starts over, unless the user
 // cancels or the folder can't be read.
 void BrowseClicked(AlbumPage& page, Context& context);
+// Reads the album's folder again; what belongs to the files that are still there stays.
+void ReloadAlbum(AlbumPage& page, Context& context);
+
+// Opens a folder as an album, or the folder of a file: as files of that file's type, or of the first type that the
+// folder has any of.
+void OpenAlbum(AlbumPage& page, Context& context, const std::wstring& path);
 
 // Moves the one selected entry a place up or down.
 void MoveUp(AlbumPage& page);

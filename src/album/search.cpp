@@ -36,6 +36,11 @@ void FetchHits(AlbumPage& page, Context& context, const NamedSource& asked, bool
       progress);
   const bool found = !page.session.hits.empty();
   page.fetch_btn.SetEnabled(found);
+  ShowHitCount(page, context);
+  if (found) {
+    page.resalb_lst.SelectOnly(0);  // the way goes on from it, by Enter, too
+    page.resalb_lst.TakeFocus();
+  }
   if (reply.answer != Answer::Given) {
     ShowNoAnswer(context, asked.name, reply, FillMessage(context.Text(message::kNoDiscAnswer), {asked.name}));
   } else if (!found) {
@@ -60,14 +65,18 @@ void MoreClicked(AlbumPage& page, Context& context, const SourceList& sources) {
 }
 
 void SearchAlbums(AlbumPage& page, Context& context, const SourceList& sources, bool orMode) {
+  const bool wasMore = page.more_btn.Enabled();
   page.more_btn.SetEnabled(false);
   if (!orMode && page.apply_btn.Enabled() && !context.prompts.Question(context.Text(message::kDiscardAlbum))) return;
+  if (!orMode && !AskForWords(context, page.session.folder, sources, page.session.words)) {
+    page.more_btn.SetEnabled(wasMore);
+    SetBusy(context, false);
+    return;
+  }
   LongWork work(context, {&page.go_btn});
   ClearResults(page);
-  if (!orMode) {
-    AskForWords(context, page.session.folder, sources, page.session.words);
-    page.session.source = context.settings.Get(setting::kSource);
-  }
+  ShowHitCount(page, context);
+  if (!orMode) page.session.source = context.settings.Get(setting::kSource);
   if (page.session.words.empty()) return;
   FetchHits(page, context, SourceCalled(sources, page.session.source), orMode, work);
   page.more_btn.SetEnabled(!orMode);

@@ -16,6 +16,7 @@ void ShowNoAnswer(Context& context, const std::wstring& source, const SourceRepl
   std::wstring text = otherwise;
   if (reply.answer == Answer::Cancelled) return;
   if (reply.answer == Answer::NotReached) text = FillMessage(context.Text(message::kNotReached), {source});
+  if (reply.answer == Answer::NotSecure) text = FillMessage(context.Text(message::kNotSecure), {source});
   if (!reply.words.empty()) text = FillMessage(context.Text(message::kRefused), {source, reply.words});
   context.prompts.Message(text);
 }

@@ -1,5 +1,9 @@
 #include "app/main_window.h"
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include "album/album_mod.h"
 #include "album/file_list.h"
 #include "base/failure.h"
@@ -22,7 +26,7 @@
 namespace tagrix {
 namespace {
 
-constexpr int kAboutPage = 6;
+constexpr int kAlbumPage = 0, kBulkPage = 2, kPlaylistPage = 3, kBurnPage = 4, kSetupPage = 5, kAboutPage = 6;
 constexpr int kPageButtonWidth = 124;  // the same for all, wider than the captions
 constexpr std::size_t kStyleCount = 148;
 
@@ -50,15 +54,115 @@ MainWindow::MainWindow(Context& shared) : context(shared) {
   }
   ShowPage(0);
   // Not a command: it has to work while one runs.
-  context.cancel_btn.clicked = [this] { CancelWork(context); };
+  context.cancel_btn.clicked = [this] { Cancel(); };
   context.quit = [this] { form.Close(); };
-  form.canClose = [this] {
-    if (IsBusy(context) || context.running) return false;
-    CancelAllWork(context);  // what still waits in the background (a silent update check) ends
-    return true;
+  form.escaped = [this] { context.cancel_btn.Click(); };
+  form.canClose = [this] { return CanClose(); };
+  form.dropped = Command(context, [this](const std::vector<std::wstring>& paths) { Drop(paths); });
+  form.shown = [this] {
+    if (!openAtStart.empty()) RunCommand(context, [this] { OpenAlbum(album, context, openAtStart); });
+    RunNotice(context, [this] { DetectCopyToDvd(context); });
+    RunNotice(context, [this] { CheckForUpdateAtStart(context); });
   };
-  form.shown = [this] { RunNotice(context, [this] { CheckForUpdateAtStart(context); }); };
-  form.closed = [this] { context.ftp.Close(); };
+  form.closed = [this] {
+    context.ftp.Close();
+    KeepWindow();
+  };
+  form.keyPressed = [this](FormKey key, int page) { return PressKey(key, page); };
+  form.progress = &context.progress_box;
+  form.steps = {{&album.go_btn, &album.fetch_btn, &album.apply_btn},
+                {&lister.lister_go_btn},
+                {&bulk.bulk_go_btn},
+                {&playlist.pls_go_btn},
+                {&burn.burn_btn},
+                {&setup.setup_ok_btn}};
+}
+
+bool MainWindow::PressKey(FormKey key, int page) {
+  const int count = static_cast<int>(workfrm.size());
+  switch (key) {
+    case FormKey::NextPage:
+      page = (page_ + 1) % count;
+      break;
+    case FormKey::PreviousPage:
+      page = (page_ + count - 1) % count;
+      break;
+    case FormKey::Page:
+      break;
+    case FormKey::Undo:
+      if (page_ == kAlbumPage) album.undo_btn.Click();
+      if (page_ == kBulkPage) bulk.bulk_undo_btn.Click();
+      return page_ == kAlbumPage || page_ == kBulkPage;
+    case FormKey::Reload:
+      if (page_ == kAlbumPage) RunCommand(context, [this] { ReloadAlbum(album, context); });
+      return true;
+    case FormKey::Help:
+      RunNotice(context, [this] { OpenManual(); });
+      return true;
+  }
+  if (page < count) context.page_btn[static_cast<std::size_t>(page)].Click();
+  return true;
+}
+
+void MainWindow::OpenManual() {
+  for (const wchar_t* name : {L"\\manual.html", L"\\manual.md"}) {
+    const std::wstring path = context.programFolder + name;
+    if (FileExists(context.files, path) && context.shell.OpenFile(path)) return;
+  }
+  context.prompts.Message(context.Text(message::kNoManual));
+}
+
+// What the setting says that only others write goes before the size of the last time.
+void MainWindow::RestoreWindow() {
+  const std::wstring kept = context.settings.Get(setting::kWindow);
+  const std::vector<std::wstring> parts = Split(kept, L" ");
+  if (parts.size() >= 2) {
+    constexpr int kWidest = 10'000;
+    form.startSize = {std::clamp(LeadingInteger(parts[0]), 1, kWidest),
+                      std::clamp(LeadingInteger(parts[1]), 1, kWidest)};
+  }
+  form.maximised = context.settings.Get(setting::kFullscreen) || kept.ends_with(L" m");
+  const std::wstring page = context.settings.Get(setting::kPage);
+  if (page.size() == 1 && page[0] >= L'0' && page[0] < L'0' + static_cast<int>(workfrm.size())) Show(page[0] - L'0');
+}
+
+void MainWindow::KeepWindow() {
+  context.settings.Put(setting::kWindow, std::to_wstring(form.startSize.width) + L" " +
+                                             std::to_wstring(form.startSize.height) + (form.maximised ? L" m" : L""));
+  context.settings.Put(setting::kPage, std::to_wstring(page_));
+}
+
+void MainWindow::Cancel() {
+  if (AtWork(context) || context.running) return CancelWork(context);
+  // Busy though nothing runs: a search that was refused leaves it so.
+  SetBusy(context, false);
+  context.status_lbl.SetText({});
+}
+
+bool MainWindow::CanClose() {
+  if (IsBusy(context) || context.running) {
+    ShowNotice(context, context.Text(message::kStillAtWork));
+    return false;
+  }
+  if (!MayLeaveAlbum(album, context)) return false;
+  CancelAllWork(context);  // what still waits in the background (a silent update check) ends
+  return true;
+}
+
+void MainWindow::Drop(const std::vector<std::wstring>& paths) {
+  const auto shown = std::find_if(workfrm.begin(), workfrm.end(), [](const Frame& page) { return page.Visible(); });
+  switch (shown - workfrm.begin()) {
+    case kAlbumPage:
+      return OpenAlbum(album, context, paths.front());
+    case kBulkPage:
+      return DropOnBulk(bulk, context, paths);
+    case kPlaylistPage:
+      return DropOnPlaylist(playlist, context, paths);
+    case kBurnPage:
+      return DropOnBurn(burn, context, paths);
+    default:
+      return;
+  }
 }
 
 Node MainWindow::Layout() {
@@ -97,7 +201,7 @@ bool MainWindow::StartUp() try {
   InitPlaylistPage(playlist, context);
   album.fetch_btn.SetEnabled(false);
   album.apply_btn.SetEnabled(false);
-  form.maximised = context.settings.Get(setting::kFullscreen);
+  RestoreWindow();
   album.genre_txt.SetText(L"Unknown");
   return true;
 } catch (const EndProgram&) {
@@ -139,12 +243,29 @@ void MainWindow::LoadIcons() {
   }
 }
 
-void MainWindow::ShowPage(int page) {
+void MainWindow::Show(int page) {
+  page_ = page;
   for (std::size_t k = 0; k < workfrm.size(); ++k) {
     const bool shown = static_cast<int>(k) == page;
     workfrm[k].SetVisible(shown);
     context.page_btn[k].SetMarked(shown);
   }
+  if (page == kSetupPage) LoadTagStyle(setup, context);
+  context.progress_box.SetVisible(page != kBulkPage);  // it has one of its own
+  NamePageButtons();
+}
+
+// A screen reader can't see which one is marked.
+void MainWindow::NamePageButtons() {
+  for (std::size_t k = 0; k < workfrm.size(); ++k) {
+    const std::wstring caption = context.Text(kPageButtons[k].caption);
+    context.page_btn[k].SetSpokenName(
+        static_cast<int>(k) == page_ ? FillMessage(context.Text(message::kCurrentPage), {caption}) : caption);
+  }
+}
+
+void MainWindow::ShowPage(int page) {
+  Show(page);
   if (page == kAboutPage) context.shell.PlaySoundFile(context.programFolder + L"\\OCsound.wav");
 }
 
@@ -152,6 +273,8 @@ void MainWindow::transme() {
   for (std::size_t i = 0; i < std::size(kPageButtons); ++i) {
     context.page_btn[i].SetText(DoubleAmpersands(context.Text(kPageButtons[i].caption)));
   }
+  NamePageButtons();
+  context.progress_box.SetSpokenName(context.Text(message::kProgress));
   TranslateAboutPage(about, context);
   TranslateAlbumPage(album, context);
   TranslateListerPage(lister, context);

@@ -3,6 +3,8 @@
 #define TAGRIX_APP_MAIN_WINDOW_H
 
 #include <array>
+#include <string>
+#include <vector>
 
 #include "album/album_page.h"
 #include "core/context.h"
@@ -32,6 +34,8 @@ class MainWindow {
   // Puts the loaded language texts into the window and all of its pages.
   void transme();
 
+  std::wstring openAtStart;  // a folder, or a file in it, to open as an album when the window has appeared; or none
+
   Context& context;
   Form form{"tagrix"};
 
@@ -48,9 +52,23 @@ class MainWindow {
 
  private:
   Node Layout();
+  // Ends what runs, or the busy state in which nothing does.
+  void Cancel();
+  bool CanClose();
+  // Files and folders dropped on the page in view go the way of its buttons.
+  void Drop(const std::vector<std::wstring>& paths);
+  void Show(int page);
+  void NamePageButtons();
+  bool PressKey(FormKey key, int page);
+  void OpenManual();
+  // The size of the window and its page are those of the last time.
+  void RestoreWindow();
+  void KeepWindow();
   void LoadLanguage();
   void LoadStyles();
   void LoadIcons();
+
+  int page_ = 0;  // in view
 };
 
 }  // namespace tagrix

@@ -86,6 +86,20 @@ std::string ToUtf8(std::wstring_view text) {
   return bytes;
 }
 
+std::string ToUtf16(std::wstring_view text) {
+  std::string bytes = "\xFF\xFE";
+  const auto append = [&](std::uint32_t unit) {
+    bytes += static_cast<char>(unit & 0xFF);
+    bytes += static_cast<char>(unit >> 8);
+  };
+  for (const wchar_t wide : text) {
+    const std::uint32_t c = static_cast<char32_t>(wide);
+    if (c >= kFirstBeyond) append(kHigh + ((c - kFirstBeyond) >> 10));
+    append(c >= kFirstBeyond ? kLow + ((c - kFirstBeyond) & 0x3FF) : c);
+  }
+  return bytes;
+}
+
 std::wstring UrlEncoded(std::wstring_view text) {
   constexpr std::wstring_view kHex = L"0123456789ABCDEF";
   constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";

@@ -3,6 +3,7 @@
 #define TAGRIX_CORE_CONTEXT_H
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -52,9 +53,10 @@ struct Context : Ports {
   Language language;
   std::vector<std::wstring> styles;  // genre names; position i names ID3v1 genre 147 - i; at most 148
 
-  bool busy = false;             // SetBusy, IsBusy
-  bool running = false;          // a command is being carried out (core/dispatch.h)
-  std::vector<LongWork*> works;  // the long operations under way, the innermost last (core/long_work.h)
+  bool busy = false;              // SetBusy, IsBusy
+  bool running = false;           // a command is being carried out (core/dispatch.h)
+  std::uint64_t noticeUntil = 0;  // ticks; until then the status line shows what the user has to see (core/long_work.h)
+  std::vector<LongWork*> works;   // the long operations under way, the innermost last (core/long_work.h)
 
   // What stands around the pages.
   std::array<Button, 7> page_btn{Button("page_btn0"), Button("page_btn1"), Button("page_btn2"), Button("page_btn3"),

@@ -23,8 +23,8 @@ class Meanwhile {
   const bool before_;
 };
 
-void Report(Context& context, const std::wstring& what) {
-  context.prompts.Message(context.Text(message::kUnexpectedError) + L"\r\n\r\n" + what);
+void Report(Context& context, const std::wstring& what = {}) {
+  context.prompts.Message(context.Text(message::kUnexpectedError) + (what.empty() ? what : L"\r\n\r\n" + what));
 }
 
 }  // namespace
@@ -36,8 +36,8 @@ void RunNotice(Context& context, const std::function<void()>& notice) {
     context.quit();
   } catch (const Failure& failure) {
     Report(context, FailureText(context.language, failure));
-  } catch (const std::exception& error) {
-    Report(context, Widen(error.what()));
+  } catch (const std::exception&) {
+    Report(context);  // what it says is for programmers
   }
 }
 

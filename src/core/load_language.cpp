@@ -16,6 +16,12 @@ namespace {
 
 std::wstring WithoutEnding(const std::wstring& file) { return file.substr(0, file.size() - 3); }
 
+// As the name of a language is shown.
+std::wstring Capitalised(std::wstring name) {
+  name.front() = ToUpper(name.front());
+  return name;
+}
+
 bool IsEnglish(const std::wstring& file) { return EqualIgnoringCase(Trim(file), kEnglishFile); }
 
 std::vector<std::wstring> ReadMessages(Context& context, const std::wstring& path) {
@@ -58,7 +64,7 @@ void loadlangue(Context& context, ComboBox& setup_lngcmb, std::wstring file) {
 void listlangues(Context& context, ComboBox& setup_lngcmb) {
   context.files.List(context.programFolder, L"*.lf", [&](const FileInfo& entry) {
     const bool language = entry.name.size() > 3 && EqualIgnoringCase(entry.name.substr(entry.name.size() - 3), L".lf");
-    if (language && !entry.folder && !IsEnglish(entry.name)) setup_lngcmb.Add(WithoutEnding(entry.name));
+    if (language && !entry.folder && !IsEnglish(entry.name)) setup_lngcmb.Add(Capitalised(WithoutEnding(entry.name)));
     return true;
   });
 }

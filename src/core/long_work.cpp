@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::uint64_t kShownEvery = 40;  // milliseconds: as the eye needs it, and far below a noticeable wait
 
+constexpr std::uint64_t kNoticeStays = 3000;  // milliseconds: time to read it
+
 }  // namespace
 
 LongWork::LongWork(Context& context, std::initializer_list<Control*> closed, ProgressBox& bar, Label* percentage)
@@ -31,12 +33,14 @@ LongWork::~LongWork() {
   if (silent_) return;
   for (const auto& [control, enabled] : before_) control->SetEnabled(enabled);
   Percent(0);
+  context_.noticeUntil = 0;
   Status({});
   SetBusy(context_, false);
 }
 
 void LongWork::Status(std::wstring_view text) {
-  if (!silent_) context_.status_lbl.SetText(DoubleAmpersands(text));
+  if (silent_ || context_.events.TickCount() < context_.noticeUntil) return;
+  context_.status_lbl.SetText(DoubleAmpersands(text));
 }
 
 void LongWork::Percent(int percent) {
@@ -53,6 +57,11 @@ void LongWork::Pass(std::wstring_view item) {
   passed_ = now;
   Status(item);
   LetEventsRun();
+}
+
+void ShowNotice(Context& context, std::wstring_view text) {
+  context.noticeUntil = context.events.TickCount() + kNoticeStays;
+  context.status_lbl.SetText(DoubleAmpersands(text));
 }
 
 void CancelWork(Context& context) {

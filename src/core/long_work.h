@@ -56,6 +56,9 @@ class SilentWork : public LongWork {
   explicit SilentWork(Context& context) : LongWork(context, Quietly()) {}
 };
 
+// Shows a text in the status line, for a while also while a long operation would show its own.
+void ShowNotice(Context& context, std::wstring_view text);
+
 // Raises the cancel flag of the innermost operation that the user sees.
 void CancelWork(Context& context);
 // Raises all cancel flags: the program is about to end.

@@ -25,7 +25,8 @@ inline constexpr int kApplyClash = 45;  // %%1%% current name, %%2%% new name
 inline constexpr int kUndoClash = 46;   // %%1%% former path, %%2%% current path
 inline constexpr int kAutoSortGate = 47;
 inline constexpr int kUnexpectedError = 48;
-inline constexpr int kPlaylistExists = 50, kDone = 51;
+inline constexpr int kPlaylistExists = 50;  // %%1%% its name
+inline constexpr int kDone = 51;
 
 // FreeDB, updater, start-up.
 inline constexpr int kOfferFakes = 53, kReadFailed = 54;
@@ -59,7 +60,8 @@ inline constexpr int kHelpName = 109, kHelpEnding = 110, kHelpFormat = 111, kHel
 inline constexpr int kFolderMissing = 114, kNoFormat = 115;
 
 // Playlist builder.
-inline constexpr int kFileName = 117, kOverwritePlaylist = 118;
+inline constexpr int kFileName = 117;
+inline constexpr int kOverwritePlaylist = 118;  // %%1%% its name
 
 // Setup page.
 inline constexpr int kLanguage = 119, kChooseLanguage = 120, kInternet = 121, kBypass = 122, kAutoUpdate = 123;
@@ -120,6 +122,53 @@ inline constexpr int kNoDiscAnswer = 260;      // %%1%% the source
 inline constexpr int kOtherSources = 261, kFreeDbSite = 262, kMusicBrainzServer = 263, kContact = 264;
 
 inline constexpr int kLicences = 265;
+
+// How an album was measured.
+inline constexpr int kMeasuredQuickly = 266, kMeasuredExactly = 267;
+inline constexpr int kMeasuredPartlyExactly = 268;  // %%1%% the files measured exactly, %%2%% all files
+
+inline constexpr int kNotSecure = 269;  // %%1%% the source
+
+// How tags are written: the question before Apply, and the setup page.
+inline constexpr int kTagStyleCaption = 270, kTagStyleReasons = 271;
+inline constexpr int kDropsFrames = 272;    // %%1%% how many files
+inline constexpr int kOldTag = 273;         // likewise: %%1%%
+inline constexpr int kLongText = 274;       // likewise: %%1%%
+inline constexpr int kForeignText = 275;    // likewise: %%1%%
+inline constexpr int kOverwritesEnd = 276;  // likewise: %%1%%
+inline constexpr int kWriteStandard = 277, kWriteClassic = 278, kTagStyleKept = 279;
+inline constexpr int kTags = 280, kAskStyle = 281, kStandardStyle = 282, kClassicStyle = 283;
+inline constexpr int kKeptAside = 284;  // %%1%% the file, %%2%% names of fields
+
+inline constexpr int kPlaylistInUtf8 = 285;  // %%1%% its name
+
+// Around the pages, and what is asked at the start and the end.
+inline constexpr int kStillAtWork = 286, kLeaveAlbum = 287, kYes = 288, kNo = 289, kDontAskAgain = 290;
+
+// The table of the album page, and what is asked before Apply.
+inline constexpr int kFilesAndTracks = 291, kDoubtful = 292, kWrong = 293;
+inline constexpr int kNameTaken = 294, kPathTooLong = 295, kNoNewName = 296;
+inline constexpr int kSortFirst = 297, kApplyAsIs = 298;
+
+// What Apply and Undo have done.
+inline constexpr int kAppliedFigures = 299;   // %%1%% done, of %%2%%; %%3%% tagged, %%4%% renamed, %%5%% skipped
+inline constexpr int kPlaylistWritten = 300;  // %%1%% its path
+inline constexpr int kUndoGives = 301;
+inline constexpr int kUndoneFigures = 302;  // %%1%% how many files
+inline constexpr int kReasonColumn = 303, kTagged = 304, kRenamed = 305, kSkippedReadOnly = 306, kNotTagged = 307;
+inline constexpr int kNotRenamedTaken = 308, kNotRenamed = 309, kUnchanged = 310;
+
+// Folder chooser.
+inline constexpr int kPathColon = 311, kMusicFolder = 312, kDesktopFolder = 313, kNetworkPlaces = 314;
+
+// What is there to be seen and heard: names, hints and menus.
+inline constexpr int kTracksWithoutFile = 315, kFilesWithoutTrack = 316;  // all that can be compared fits
+inline constexpr int kNoManual = 317;
+inline constexpr int kCurrentPage = 318;  // %%1%% the page
+inline constexpr int kAlbumHint = 319, kFilesHint = 320, kResultsHint = 321;
+inline constexpr int kOpenFile = 322, kShowInFolder = 323, kCopyName = 324, kEditRow = 325;
+inline constexpr int kAlbumFolder = 326;
+inline constexpr int kNewTitle = 327;
 
 }  // namespace tagrix::message
 

@@ -49,4 +49,16 @@ PlaylistMode ParsePlaylistMode(const std::wstring& text) {
   return {LeadingInteger(text.substr(0, 1)), text.substr(1)};
 }
 
+const wchar_t* TagStyleName(std::optional<TagStyle> style) {
+  if (!style) return L"";
+  return *style == TagStyle::Standard ? L"standard" : L"classic";
+}
+
+std::optional<TagStyle> ParseTagStyle(const std::wstring& text) {
+  for (const TagStyle style : {TagStyle::Standard, TagStyle::Classic}) {
+    if (text == TagStyleName(style)) return style;
+  }
+  return std::nullopt;
+}
+
 }  // namespace tagrix

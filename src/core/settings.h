@@ -3,6 +3,7 @@
 #ifndef TAGRIX_CORE_SETTINGS_H
 #define TAGRIX_CORE_SETTINGS_H
 
+#include <optional>
 #include <string>
 
 #include "base/publisher.h"
@@ -39,6 +40,7 @@ inline constexpr FlagSetting kFullscreen{L"Fullscreen", false};
 
 inline constexpr TextSetting kPattern{L"Pattern", L"%1 - %3 - %6 - %2"}, kPlaylist{L"Playlist", L"%3"};
 inline constexpr TextSetting kPlaylistMode{L"PlaylistMode"};  // a digit, then a folder
+inline constexpr TextSetting kTagStyle{L"TagStyle"};          // TagStyleName
 
 inline constexpr TextSetting kFreeDbServer{L"FreeDBServer"};  // host
 inline constexpr TextSetting kCgiPath{L"CGIPath", L"/~cddb/cddb.cgi", true};
@@ -52,6 +54,10 @@ inline constexpr PortSetting kProxyPort{L"ProxyPort"}, kHttpPort{L"HTTPPort"};
 
 inline constexpr FlagSetting kBypass{L"Bypass", false};      // no test of the connection before an update check
 inline constexpr FlagSetting kAutoUpdate{L"AutoUpd", true};  // look for an update at the start
+
+inline constexpr FlagSetting kAskForBurner{L"AskCopyToDVD", true};  // ask at the start when it is not installed
+inline constexpr TextSetting kWindow{L"Window"};  // width and height in units of 1/96 inch, "m" when maximised
+inline constexpr TextSetting kPage{L"Page"};      // the page in view, from 0
 
 inline constexpr TextSetting kLastDir{L"LastDir"}, kPageLastDir{L"LastDir", L"", true, kPageSettingsKey};
 // Spelled as stored since ever.
@@ -96,6 +102,11 @@ struct PlaylistMode {
   std::wstring folder;  // kept whatever the place
 };
 PlaylistMode ParsePlaylistMode(const std::wstring& text);
+
+// How tags are written where the classic way would lose something. None: the user is asked.
+enum class TagStyle { Standard, Classic };
+const wchar_t* TagStyleName(std::optional<TagStyle> style);  // as it is stored; empty for none
+std::optional<TagStyle> ParseTagStyle(const std::wstring& text);
 
 }  // namespace tagrix
 

@@ -10,9 +10,10 @@ namespace {
 
 void transme(AskQuery& dialog, Context& context) {
   dialog.form.caption = context.Text(message::kQueryCaption);
-  SetCaptions(
-      context,
-      {{dialog.txt_lbl, message::kQueryText}, {dialog.source_lbl, message::kSearchIn}, {dialog.ok_btn, message::kOk}});
+  SetCaptions(context, {{dialog.txt_lbl, message::kQueryText},
+                        {dialog.source_lbl, message::kSearchIn},
+                        {dialog.ok_btn, message::kOk},
+                        {dialog.cancel_btn, message::kCancel}});
 }
 
 void ListSources(AskQuery& dialog, Context& context, const SourceList& sources) {
@@ -30,14 +31,16 @@ void LoadAskQuery(AskQuery& dialog, Context& context, std::wstring_view albumFol
   dialog.form.layout =
       Margin(10, Column({Framed(dialog.query_frm, Column({Wrap(380, dialog.txt_lbl), MinSize(380, 0, dialog.query_txt),
                                                           Row({dialog.source_lbl, Stretch(1, dialog.source_cmb)})})),
-                         Row({Spacer(), dialog.ok_btn})}));
+                         Row({Spacer(), dialog.ok_btn, dialog.cancel_btn})}));
   dialog.form.defaultButton = &dialog.ok_btn;
+  dialog.form.cancelButton = &dialog.cancel_btn;
   dialog.form.firstFocus = &dialog.query_txt;
 }
 
 }  // namespace
 
-void AskForWords(Context& context, std::wstring_view albumFolder, const SourceList& sources, std::wstring& words) {
+bool AskForWords(Context& context, std::wstring_view albumFolder, const SourceList& sources, std::wstring& words) {
+  bool agreed = false;
   AskQuery dialog;
   LoadAskQuery(dialog, context, albumFolder);
   ListSources(dialog, context, sources);
@@ -46,9 +49,12 @@ void AskForWords(Context& context, std::wstring_view albumFolder, const SourceLi
     words = Trim(dialog.query_txt.Text());
     const auto chosen = static_cast<std::size_t>(dialog.source_cmb.SelectedIndex());
     context.settings.Put(setting::kSource, sources.at(chosen).name);
+    agreed = true;
     dialog.form.Close();
   });
+  dialog.cancel_btn.clicked = [&] { dialog.form.Close(); };
   ShowModal(context, dialog.form);
+  return agreed;
 }
 
 }  // namespace tagrix

@@ -20,15 +20,15 @@ struct AskQuery {
   TextBox query_txt{"query_txt"};
   Label source_lbl{"source_lbl"};
   ComboBox source_cmb{"source_cmb"};
-  Button ok_btn{"ok_btn"};
+  Button ok_btn{"ok_btn"}, cancel_btn{"cancel_btn"};
 
   Form form{"AskQuery"};
 };
 
 // Shows the dialog, with the name of the album's folder as a start unless that lies directly on a drive, and the source
-// chosen last. OK writes the trimmed words to `words` and stores the source; closing the dialog otherwise leaves both
-// as they are.
-void AskForWords(Context& context, std::wstring_view albumFolder, const SourceList& sources, std::wstring& words);
+// chosen last. OK writes the trimmed words to `words`, stores the source and makes it true; closing the dialog
+// otherwise leaves both as they are.
+bool AskForWords(Context& context, std::wstring_view albumFolder, const SourceList& sources, std::wstring& words);
 
 }  // namespace tagrix
 

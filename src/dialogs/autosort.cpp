@@ -1,16 +1,15 @@
 #include "dialogs/autosort.h"
 
-#include <numeric>
 #include <utility>
 
-#include "audio/measure.h"
 #include "base/times.h"
 #include "core/dispatch.h"
 #include "core/long_work.h"
 #include "core/messages.h"
 #include "core/notices.h"
-#include "match/sort_files.h"
+#include "session/measure_album.h"
 #include "views/comparison_table.h"
+#include "views/measuring_text.h"
 
 namespace tagrix {
 namespace {
@@ -23,55 +22,55 @@ void transme(Autosort& dialog, Context& context) {
                         {dialog.search_btn, message::kAutoSort},
                         {dialog.prog_frm, message::kProgress},
                         {dialog.res_frm, message::kResults},
-                        {dialog.ok_btn, message::kConfirmSort}});
+                        {dialog.ok_btn, message::kConfirmSort},
+                        {dialog.cancel_btn, message::kCancel}});
 }
 
 Node Layout(Autosort& dialog) {
   Node method = Row({Column({dialog.fast_rdo, dialog.Q_rdo}), Spacer(), dialog.search_btn});
   Node progress = Row({Stretch(1, dialog.cur_bar), MinSize(40, 0, dialog.cur_hst)});
-  return Margin(10, Column({Framed(dialog.method_frm, std::move(method)), Framed(dialog.prog_frm, std::move(progress)),
-                            Stretch(1, Framed(dialog.res_frm, Column({Stretch(1, MinSize(620, 260, dialog.lst))}))),
-                            Row({Spacer(), dialog.ok_btn})}));
+  return Margin(
+      10,
+      Column({Framed(dialog.method_frm, std::move(method)), Framed(dialog.prog_frm, std::move(progress)),
+              Stretch(1, Framed(dialog.res_frm, Column({Stretch(1, MinSize(620, 260, dialog.lst)), dialog.how_lbl}))),
+              Row({Spacer(), dialog.ok_btn, dialog.cancel_btn})}));
 }
 
-void MeasureFiles(Autosort& dialog, Context& context, const AlbumSession& session, Progress& progress) {
-  for (int i = 0; i < dialog.lst.Count(); ++i) {
-    progress.Percent(Percentage(i, dialog.lst.Count()));
-    progress.LetEventsRun();
-    const std::wstring path = session.folder + L"\\" + dialog.lst.ItemText(i);
-    dialog.lst.SetValue(i, MeasureFile(context.files, path, [&] { progress.LetEventsRun(); }));
+// Shows the times as they come; a file that can't be read ends the search.
+struct ListedTimes : MeasureWatcher {
+  explicit ListedTimes(ListBox& list) : lst(list) {}
+  void Measured(std::size_t file, std::int32_t milliseconds) override {
+    lst.SetValue(static_cast<int>(file), milliseconds);
   }
-  progress.LetEventsRun();
-}
+  void NotRead(const Failure& failure) override { throw failure; }
+  ListBox& lst;
+};
 
-void SortList(Autosort& dialog, const AlbumSession& session, Progress& progress) {
-  ListBox& lst = dialog.lst;
-  const std::vector<std::wstring> names = lst.Texts();
-  std::vector<std::int32_t> files, tracks;
-  for (int i = 0; i < lst.Count(); ++i) files.push_back(lst.Value(i));
-  for (const DiscTrack& track : session.disc.tracks) tracks.push_back(track.frames);
-
-  dialog.order = SortFiles(files, tracks, [&](std::size_t done) {
-    progress.Percent(Percentage(static_cast<int>(done), TrackCount(session)));
-    progress.LetEventsRun();
-  });
-  for (int i = 0; i < lst.Count(); ++i) {
+void ShowOrder(Autosort& dialog, const AlbumSession& session, const AlbumTimes& times) {
+  for (int i = 0; i < dialog.lst.Count(); ++i) {
     const auto from = static_cast<std::size_t>(dialog.order[static_cast<std::size_t>(i)]);
-    lst.SetItemText(i, names[from]);
-    lst.SetValue(i, files[from]);
+    dialog.lst.SetItemText(i, session.files[from].name);
+    dialog.lst.SetValue(i, times.milliseconds[from]);
   }
 }
 
 void Search(Autosort& dialog, Context& context, const AlbumSession& session) {
   dialog.ok_btn.SetEnabled(false);
+  dialog.how_lbl.SetText({});
   {
     LongWork work(context, {&dialog.search_btn, &dialog.lst}, dialog.cur_bar, &dialog.cur_hst);
     dialog.lst.Clear();
     for (const AlbumFile& file : session.files) dialog.lst.Add(file.name);
-    MeasureFiles(dialog, context, session, work);
-    SortList(dialog, session, work);
+    ListedTimes listed(dialog.lst);
+    const AlbumTimes times = MeasureAlbum(session, context.files, work, listed);
+    if (work.Cancelled()) return;
+    dialog.order = SortAlbum(session, times, work);
+    ShowOrder(dialog, session, times);
+    dialog.how_lbl.SetText(MeasuringText(context, times));
   }
   dialog.ok_btn.SetEnabled(true);
+  dialog.form.defaultButton = &dialog.ok_btn;
+  dialog.ok_btn.TakeFocus();
 }
 
 ComparedRow RowAt(const Autosort& dialog, const AlbumSession& session, int i) {
@@ -86,24 +85,33 @@ ComparedRow RowAt(const Autosort& dialog, const AlbumSession& session, int i) {
 
 }  // namespace
 
-void AutoSort(Context& context, AlbumSession& session) {
+bool AutoSort(Context& context, AlbumSession& session, bool atOnce) {
+  bool confirmed = false;
   Autosort dialog;
   transme(dialog, context);
   ShowComparison(dialog.lst, context, [&](int i) { return RowAt(dialog, session, i); });
   dialog.fast_rdo.Choose();
+  dialog.Q_rdo.SetEnabled(false);
   dialog.ok_btn.SetEnabled(false);
 
   dialog.search_btn.clicked = Command(context, [&] { Search(dialog, context, session); });
   dialog.ok_btn.clicked = Command(context, [&] {
     ReorderFiles(session, dialog.order);
+    confirmed = true;
     dialog.form.Close();
   });
+  dialog.cancel_btn.clicked = [&] {
+    CancelWork(context);  // a search that is under way
+    dialog.form.Close();
+  };
 
-  dialog.form.canClose = [&] { return !AtWork(context); };
+  dialog.form.cancelButton = &dialog.cancel_btn;
   dialog.form.layout = Layout(dialog);
   dialog.form.firstFocus = &dialog.search_btn;
   dialog.form.startSize = {720, 520};
+  if (atOnce) dialog.form.shown = [&] { dialog.search_btn.Click(); };
   ShowModal(context, dialog.form);
+  return confirmed;
 }
 
 }  // namespace tagrix

@@ -18,18 +18,19 @@ struct Autosort {
   Frame method_frm{"method_frm"}, prog_frm{"prog_frm"}, res_frm{"res_frm"};
   OptionGroup methods;
   OptionButton fast_rdo{"fast_rdo", methods}, Q_rdo{"Q_rdo", methods};  // Q_rdo has no effect yet
-  Button search_btn{"search_btn"}, ok_btn{"ok_btn"};
+  Button search_btn{"search_btn"}, ok_btn{"ok_btn"}, cancel_btn{"cancel_btn"};
   ProgressBox cur_bar{"cur_bar"};
   Label cur_hst{"cur_hst", LabelStyle::Literal};
-  ListBox lst{"lst"};  // the files in the order found; value = milliseconds, 0 unknown
+  Label how_lbl{"how_lbl", LabelStyle::Literal};  // how the files were measured
+  ListBox lst{"lst"};                             // the files in the order found; value = milliseconds, 0 unknown
 
   std::vector<int> order;  // where the files of the list stand in the session
   Form form{"Autosort"};
 };
 
 // Lets the user sort the session's files so that each stands at the place of the track that it fits. The session
-// changes only when the user confirms.
-void AutoSort(Context& context, AlbumSession& session);
+// changes only when the user confirms; then it is true. `atOnce`: the search begins by itself.
+bool AutoSort(Context& context, AlbumSession& session, bool atOnce = false);
 
 }  // namespace tagrix
 

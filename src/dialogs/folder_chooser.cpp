@@ -1,6 +1,7 @@
 #include "dialogs/folder_chooser.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -27,6 +28,10 @@ void transme(Choixrecoldir& dialog, Context& context) {
                         {dialog.format_frm, message::kFormat},
                         {dialog.recurse_frm, message::kSubfolders},
                         {dialog.recurse_chk, message::kRecurse},
+                        {dialog.path_lbl, message::kPathColon},
+                        {dialog.music_btn, message::kMusicFolder},
+                        {dialog.desktop_btn, message::kDesktopFolder},
+                        {dialog.network_btn, message::kNetworkPlaces},
                         {dialog.ok_btn, message::kOk},
                         {dialog.cancel_btn, message::kCancel}});
 }
@@ -46,11 +51,13 @@ std::vector<std::wstring> FoldersIn(Files& files, const std::wstring& path) {
   return names;
 }
 
-// Opens the tree on a folder, if there is such a folder on one of the drives.
+// Opens the tree on a folder, if there is such a folder on one of the drives or on another computer.
 bool OpenOn(Choixrecoldir& dialog, Context& context, std::wstring folder) {
   folder = WithoutBackslash(Trim(folder));
   const std::wstring drive = folder.substr(0, 2);
-  if (!ListContains(dialog.Drive1, drive) || !FolderExists(context.files, WithBackslash(folder))) return false;
+  const bool known = drive == L"\\\\" ? IsRoot(folder.substr(0, folder.find(L'\\', folder.find(L'\\', 2) + 1)))
+                                      : ListContains(dialog.Drive1, drive);
+  if (!known || !FolderExists(context.files, WithBackslash(folder))) return false;
   dialog.Drive1.SetText(drive);
   dialog.Dir1.SetPath(folder.size() == 2 ? WithBackslash(folder) : folder);
   return true;
@@ -83,7 +90,30 @@ void RemoveKnown(std::vector<std::wstring>& paths, std::initializer_list<const L
   }
 }
 
+// What the mode takes of the files found; tells which folders could not be read.
+std::vector<std::wstring> Collected(Context& context, AudioWalk walk, ChooserMode mode,
+                                    std::initializer_list<const ListBox*> known) {
+  std::vector<std::wstring>& paths = walk.found;
+  if (mode == ChooserMode::PlaylistFiles) {
+    // A playlist may name a file twice, but takes no name that is nothing but an ending.
+    std::erase_if(paths, [](const std::wstring& path) { return FileNamePart(path).size() < 4; });
+  } else {
+    RemoveKnown(paths, known);
+  }
+  ShowFoldersNotRead(context, walk.notRead);
+  return std::move(walk.found);
+}
+
+// Goes to the folder that was typed or pasted. False, and said, when there is none.
+bool TakeTypedPath(Choixrecoldir& dialog, Context& context) {
+  const std::wstring typed = Trim(Replace(dialog.path_txt.Text(), L"\"", L""));  // a path copied as such has quotes
+  if (typed.empty() || typed == dialog.Dir1.Path() || OpenOn(dialog, context, typed)) return true;
+  context.prompts.Message(FillMessage(context.Text(message::kNoSuchFolder), {typed}));
+  return false;
+}
+
 void Accept(Choixrecoldir& dialog, Context& context) {
+  if (!TakeTypedPath(dialog, context)) return;
   context.settings.Put(setting::kLastDir, dialog.Dir1.Path());
   if (CollectsFiles(dialog.mode)) {
     LongWork work(context, {&dialog.choice_frm, &dialog.ok_btn});
@@ -115,9 +145,18 @@ void LoadFolderChooser(Choixrecoldir& dialog, Context& context) {
   for (std::wstring& drive : context.files.Drives()) dialog.Drive1.Add(std::move(drive));
 
   dialog.Dir1.children = [&context](const std::wstring& path) { return FoldersIn(context.files, path); };
-  dialog.Dir1.pathChanged = Notice(context, [&] { RefreshList(dialog, context); });
+  dialog.Dir1.pathChanged = Notice(context, [&] {
+    dialog.path_txt.SetText(dialog.Dir1.Path());
+    RefreshList(dialog, context);
+  });
+  dialog.music_btn.clicked = Command(context, [&] { OpenOn(dialog, context, context.files.MusicFolder()); });
+  dialog.desktop_btn.clicked = Command(context, [&] { OpenOn(dialog, context, context.files.DesktopFolder()); });
+  dialog.network_btn.clicked = Command(context, [&] {
+    const std::wstring folder = context.prompts.ChooseNetworkFolder();
+    if (!folder.empty() && !OpenOn(dialog, context, folder)) dialog.path_txt.SetText(folder);
+  });
   dialog.Drive1.chosen = Notice(context, [&] { dialog.Dir1.SetPath(WithBackslash(dialog.Drive1.Text())); });
-  dialog.format_cmb.chosen = dialog.Dir1.pathChanged;
+  dialog.format_cmb.chosen = Notice(context, [&] { RefreshList(dialog, context); });
   dialog.ok_btn.clicked = Command(context, [&] { Accept(dialog, context); });
   dialog.cancel_btn.clicked = [&] {
     CancelWork(context);  // a walk that is under way
@@ -137,8 +176,10 @@ void SetMode(Choixrecoldir& dialog, ChooserMode mode) {
   // The format is part of an album's choice and stands first there; elsewhere it only filters the preview.
   std::vector<Node> right =
       mode == ChooserMode::Album ? std::vector<Node>{format, files} : std::vector<Node>{files, format};
-  Node choice =
-      Framed(dialog.choice_frm, Row({Stretch(3, FolderColumn(dialog)), Stretch(2, Column(std::move(right)))}));
+  Node path =
+      Row({dialog.path_lbl, Stretch(1, dialog.path_txt), dialog.music_btn, dialog.desktop_btn, dialog.network_btn});
+  Node folders = Row({Stretch(3, FolderColumn(dialog)), Stretch(2, Column(std::move(right)))});
+  Node choice = Framed(dialog.choice_frm, Column({std::move(path), Stretch(1, std::move(folders))}));
   Node buttons =
       CollectsFiles(mode)
           ? Row({Framed(dialog.recurse_frm, Row({dialog.recurse_chk})), Spacer(), dialog.ok_btn, dialog.cancel_btn})
@@ -168,15 +209,26 @@ std::vector<std::wstring> ChooseAudioFiles(Context& context, ChooserMode mode,
                                            std::initializer_list<const ListBox*> known) {
   Choixrecoldir dialog;
   ShowChooser(dialog, context, mode);
-  std::vector<std::wstring>& paths = dialog.walk.found;
-  if (mode == ChooserMode::PlaylistFiles) {
-    // A playlist may name a file twice, but takes no name that is nothing but an ending.
-    std::erase_if(paths, [](const std::wstring& path) { return FileNamePart(path).size() < 4; });
-  } else {
-    RemoveKnown(paths, known);
+  return Collected(context, std::move(dialog.walk), mode, known);
+}
+
+std::vector<std::wstring> AudioFilesAmong(Context& context, const std::vector<std::wstring>& dropped, ChooserMode mode,
+                                          std::initializer_list<const ListBox*> known) {
+  AudioWalk all;
+  {
+    LongWork work(context);
+    for (const std::wstring& path : dropped) {
+      if (FolderExists(context.files, path)) {
+        AudioWalk walk = AudioFilesBelow(context.files, path, true, work);
+        std::move(walk.found.begin(), walk.found.end(), std::back_inserter(all.found));
+        std::move(walk.notRead.begin(), walk.notRead.end(), std::back_inserter(all.notRead));
+      } else if (IsAudioName(path)) {
+        all.found.push_back(path);
+      }
+    }
+    if (work.Cancelled()) return {};
   }
-  ShowFoldersNotRead(context, dialog.walk.notRead);
-  return std::move(paths);
+  return Collected(context, std::move(all), mode, known);
 }
 
 }  // namespace tagrix

@@ -39,6 +39,9 @@ struct Choixrecoldir {
   Frame drive_frm{"drive_frm"}, folder_frm{"folder_frm"}, file_frm{"file_frm"}, format_frm{"format_frm"};
   Frame recurse_frm{"recurse_frm"};
   Frame choice_frm{"choice_frm"};  // around all but the buttons
+  Label path_lbl{"path_lbl"};
+  TextBox path_txt{"path_txt"};  // the folder as a path, which can be typed or pasted
+  Button music_btn{"music_btn"}, desktop_btn{"desktop_btn"}, network_btn{"network_btn"};
   ComboBox Drive1{"Drive1"};
   TreeBox Dir1{"Dir1"};
   ListBox file_lst{"file_lst"};  // preview of the folder's files of the chosen format
@@ -66,6 +69,10 @@ std::optional<ChosenFolder> ChooseFolder(Context& context, ChooserMode mode);
 // that could not be read are told. `known`: lists whose files are left out, where the mode leaves out duplicates.
 std::vector<std::wstring> ChooseAudioFiles(Context& context, ChooserMode mode,
                                            std::initializer_list<const ListBox*> known);
+
+// The same for files and folders that were not chosen here but dropped: audio files, and those below the folders.
+std::vector<std::wstring> AudioFilesAmong(Context& context, const std::vector<std::wstring>& dropped, ChooserMode mode,
+                                          std::initializer_list<const ListBox*> known);
 
 }  // namespace tagrix
 

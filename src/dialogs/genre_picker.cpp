@@ -5,9 +5,12 @@
 #include <utility>
 #include <vector>
 
+#include "base/letter_case.h"
+#include "base/text.h"
 #include "core/dispatch.h"
 #include "core/messages.h"
 #include "core/notices.h"
+#include "forms/captions.h"
 
 namespace tagrix {
 namespace {
@@ -20,7 +23,11 @@ void transme(GenrePicker& dialog, Context& context) {
 // Opens the list on the genre that the album has, if it is one of them.
 void ShowStyles(GenrePicker& dialog, std::vector<std::wstring> styles, const std::wstring& genre) {
   std::sort(styles.begin(), styles.end());
-  const auto present = std::find(styles.begin(), styles.end(), genre);
+  auto present = std::find(styles.begin(), styles.end(), genre);
+  if (present == styles.end()) {
+    const auto isGenre = [&](const std::wstring& style) { return EqualIgnoringCase(style, Trim(genre)); };
+    present = std::find_if(styles.begin(), styles.end(), isGenre);
+  }
   const int place = present == styles.end() ? -1 : static_cast<int>(present - styles.begin());
   dialog.List1.Append(std::move(styles));
   dialog.List1.SelectOnly(place);
@@ -33,6 +40,7 @@ void UpdateOk(GenrePicker& dialog) { dialog.ok_btn.SetEnabled(dialog.List1.Selec
 void ChooseGenre(Context& context, TextBox& genre_txt) {
   GenrePicker dialog;
   transme(dialog, context);
+  dialog.List1.SetSpokenName(WithoutAccessKeys(context.Text(message::kGenre)));
   ShowStyles(dialog, context.styles, genre_txt.Text());
   UpdateOk(dialog);
 

@@ -5,14 +5,15 @@
 #include <cstdint>
 #include <utility>
 
-#include "audio/measure.h"
 #include "base/failure.h"
 #include "base/progress.h"
 #include "base/text.h"
 #include "core/dispatch.h"
 #include "core/messages.h"
 #include "core/notices.h"
+#include "session/measure_album.h"
 #include "views/comparison_table.h"
+#include "views/measuring_text.h"
 
 namespace tagrix {
 namespace {
@@ -40,33 +41,10 @@ Node Layout(Statistics& window) {
                       Figure(window.fakes_lbl, window.fakes_value_lbl)});
   return Margin(
       12,
-      Gap(10, Column({Wrap(700, window.verdict_lbl), std::move(figures),
+      Gap(10, Column({Wrap(700, window.verdict_lbl), std::move(figures), window.how_lbl,
                       Stretch(3, Framed(window.chart_frm, Column({Stretch(1, MinSize(700, 200, window.chart_pic))}))),
                       Stretch(2, MinSize(700, 150, window.places_lst)),
                       Row({MinSize(200, 0, window.measure_bar), Spacer(), window.ok_btn})})));
-}
-
-std::wstring VerdictText(Context& context, const Diagnosis& diagnosis) {
-  const auto atPlace = [&](int text) {
-    return FillMessage(context.Text(text), {std::to_wstring(diagnosis.place + 1)});
-  };
-  switch (diagnosis.verdict) {
-    case Verdict::Fits:
-      return context.Text(message::kVerdictFits);
-    case Verdict::OtherOrder:
-      return context.Text(message::kVerdictOtherOrder);
-    case Verdict::FileMissing:
-      return atPlace(message::kVerdictFileMissing);
-    case Verdict::FileTooMany:
-      return atPlace(message::kVerdictFileTooMany);
-    case Verdict::PartlyFits:
-      return context.Text(message::kVerdictPartlyFits);
-    case Verdict::WrongDisc:
-      return context.Text(message::kVerdictWrongDisc);
-    case Verdict::Nothing:
-      break;
-  }
-  return context.Text(message::kVerdictNothing);
 }
 
 std::ptrdiff_t CountFakes(const AlbumSession& session) {
@@ -94,39 +72,51 @@ void ShowFigures(Statistics& window, Context& context, const AlbumSession& sessi
   window.places_lst.Refresh();
 }
 
-// A file that can't even be read is shown as one that can't be measured: the window is there to find such files.
-std::int32_t Measure(Context& context, const std::wstring& path) {
-  try {
-    return MeasureFile(context.files, path, [&] { context.events.DoEvents(); });
-  } catch (const Failure&) {
-    return 0;
-  }
-}
-
 void ShowMeasuring(Statistics& window, Context& context, int done, int count) {
   window.verdict_lbl.SetText(
       FillMessage(context.Text(message::kMeasuring), {std::to_wstring(done), std::to_wstring(count)}));
-  window.measure_bar.SetPercent(Percentage(done, count));
 }
 
-void MeasureFiles(Statistics& window, Context& context, AlbumSession& session) {
-  const int count = FileCount(session);
-  std::uint64_t redrawn = 0;
-  for (int i = 0; i < count; ++i) {
-    AlbumFile& file = session.files[static_cast<std::size_t>(i)];
-    if (!file.fake) file.milliseconds = Measure(context, AlbumPath(session, file.name));
-    window.chart.measured = i + 1;
-    if (context.events.TickCount() - redrawn >= kRedrawEvery) {
-      redrawn = context.events.TickCount();
-      ShowMeasuring(window, context, i + 1, count);
-      ShowFigures(window, context, session);
-    }
-    context.events.DoEvents();
-    if (window.form.Closing()) return;
+// Shows the times as they come; closing the window ends the measuring.
+class Measuring : public Progress, public MeasureWatcher {
+ public:
+  Measuring(Statistics& window, Context& context, AlbumSession& session)
+      : window_(window), context_(context), session_(session) {}
+
+  void Status(std::wstring_view) override {}
+  void Pass(std::wstring_view) override {}
+  void Percent(int percent) override { window_.measure_bar.SetPercent(percent); }
+  void LetEventsRun() override { context_.events.DoEvents(); }
+  bool Cancelled() const override { return window_.form.Closing(); }
+
+  // A file that can't even be read is shown as one that can't be measured: the window is there to find such files.
+  void NotRead(const Failure&) override {}
+  void Measured(std::size_t file, std::int32_t milliseconds) override {
+    session_.files[file].milliseconds = milliseconds;
+    if (!session_.files[file].fake) session_.files[file].length = milliseconds;
+    const int done = static_cast<int>(file) + 1;
+    window_.chart.measured = std::max(window_.chart.measured, done);
+    if (context_.events.TickCount() - redrawn_ < kRedrawEvery) return;
+    redrawn_ = context_.events.TickCount();
+    ShowMeasuring(window_, context_, done, FileCount(session_));
+    ShowFigures(window_, context_, session_);
   }
+
+ private:
+  Statistics& window_;
+  Context& context_;
+  AlbumSession& session_;
+  std::uint64_t redrawn_ = 0;
+};
+
+void MeasureFiles(Statistics& window, Context& context, AlbumSession& session) {
+  Measuring measuring(window, context, session);
+  const AlbumTimes times = MeasureAlbum(session, context.files, measuring, measuring);
+  if (window.form.Closing()) return;
   ShowFigures(window, context, session);
   window.chart.measured = static_cast<int>(window.chart.places.size());
   window.verdict_lbl.SetText(VerdictText(context, Diagnose(window.chart.places)));
+  window.how_lbl.SetText(MeasuringText(context, times));
   window.measure_bar.SetVisible(false);
 }
 
@@ -143,6 +133,10 @@ void ShowStatistics(Context& context, AlbumSession& session) {
   ShowComparison(window.places_lst, context, [&](int i) { return RowAt(session, i); });
 
   window.chart_pic.paint = [&](Canvas& canvas) { DrawComparison(canvas, window.chart); };
+  window.chart_pic.clicked = Notice(context, [&](Point at, Size extent) {
+    const int place = PlaceAtPoint(window.chart, extent, at);
+    if (place >= 0) window.places_lst.ClickItem(place);
+  });
   window.places_lst.selectionChanged = Notice(context, [&] {
     window.chart.selected = window.places_lst.SelectedIndex();
     window.chart_pic.Refresh();

@@ -15,6 +15,7 @@ namespace tagrix {
 
 struct Statistics {
   Label verdict_lbl{"verdict_lbl", LabelStyle::Heading};
+  Label how_lbl{"how_lbl", LabelStyle::Literal};  // how the files were measured
   Label maximum_lbl{"maximum_lbl"}, global_lbl{"global_lbl"}, quadratic_lbl{"quadratic_lbl"}, fakes_lbl{"fakes_lbl"};
   Label maximum_value_lbl{"maximum_value_lbl", LabelStyle::Literal};
   Label global_value_lbl{"global_value_lbl", LabelStyle::Literal};

@@ -19,6 +19,7 @@ bool EditTrackName(Context& context, DiscTrack& track) {
   bool edited = false;
   TrackEdit dialog;
   transme(dialog, context);
+  dialog.name_txt.SetSpokenName(context.Text(message::kNewTitle));
   dialog.name_txt.SetText(track.title);
   dialog.ok_btn.clicked = Command(context, [&] {
     track.title = Trim(dialog.name_txt.Text());

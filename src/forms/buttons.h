@@ -28,9 +28,9 @@ class Button : public Control {
   const std::wstring& Image() const { return image_; }
   int ImageSize() const { return imageSize_; }
 
-  // Marked as the one of several that is in force: the button of the page in view. Shown on buttons with an image.
+  // Marked as the one of several that is in force (the button of the page in view) or that comes next.
   bool Marked() const { return marked_; }
-  void SetMarked(bool marked) { Set(marked_, marked, Change::Look); }
+  void SetMarked(bool marked) { Set(marked_, marked, Change::Selection); }
 
   std::function<void()> clicked;
 

@@ -21,8 +21,8 @@ class TreeBox;
 class Picture;
 
 // What of a control has changed: its text, whether it can be used, whether it is shown, its entries, its selection or
-// state, or how it is drawn (picture, tooltip, columns).
-enum class Change { Text, Enabled, Visible, Items, Selection, Look };
+// state, or how it is drawn (picture, tooltip, columns). Focus: it asks for the keyboard.
+enum class Change { Text, Enabled, Visible, Items, Selection, Look, Focus };
 
 // The one listener of a control; the renderer binds one for as long as the control has a window.
 class ControlObserver {
@@ -74,6 +74,13 @@ class Control {
   const std::wstring& Tooltip() const { return tooltip_; }
   void SetTooltip(std::wstring tooltip) { Set(tooltip_, std::move(tooltip), Change::Look); }
 
+  // Asks for the keyboard; it comes as soon as the control can be used.
+  void TakeFocus() { Announce(Change::Focus); }
+
+  // What a screen reader calls it where neither its caption nor a label before it says so (forms/spoken_names.h).
+  const std::wstring& SpokenName() const { return spokenName_; }
+  void SetSpokenName(std::wstring name) { Set(spokenName_, std::move(name), Change::Text); }
+
   void Observe(ControlObserver* observer) { observer_ = observer; }
 
  protected:
@@ -89,7 +96,7 @@ class Control {
 
  private:
   std::string name_;
-  std::wstring text_, tooltip_;
+  std::wstring text_, tooltip_, spokenName_;
   bool enabled_ = true, visible_ = true;
   ControlObserver* observer_ = nullptr;
 };

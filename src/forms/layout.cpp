@@ -5,6 +5,7 @@
 #include <string>
 
 #include "forms/buttons.h"
+#include "forms/captions.h"
 #include "forms/lists.h"
 #include "forms/picture.h"
 #include "forms/text_controls.h"
@@ -30,15 +31,6 @@ constexpr Size kProgress{90, 15};
 constexpr Size kPicture{60, 40};
 constexpr int kFrameInset = 9;     // between a titled frame's border and what is in it
 constexpr int kFrameTitleGap = 6;  // between its title and what is in it
-
-std::wstring WithoutAccessKeys(std::wstring_view caption) {
-  std::wstring shown;
-  for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == L'&' && ++i == caption.size()) break;
-    shown += caption[i];
-  }
-  return shown;
-}
 
 struct Scale {
   int dpi;
@@ -189,7 +181,8 @@ Box Measure(const Node& node, const Scale& scale) {
     case Node::Kind::Column:
     case Node::Kind::Stack: {
       box.tall = true;
-      box.present = false;
+      // An empty group is there for the room it was given; one whose controls are all hidden takes none.
+      box.present = node.children.empty() && (node.minWidth > 0 || node.minHeight > 0);
       for (const Node& child : node.children) {
         Box inner = Measure(child, scale);
         // The pages of a stack keep their room while another one is shown.

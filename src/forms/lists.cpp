@@ -35,6 +35,17 @@ void ListBox::Remove(int i) {
   Announce(Change::Items);
 }
 
+void ListBox::MoveItem(int from, int to) {
+  const auto at = [&](int i) { return items_.begin() + i; };
+  if (from < to) {
+    std::rotate(at(from), at(from) + 1, at(to) + 1);
+  } else {
+    std::rotate(at(to), at(from), at(from) + 1);
+  }
+  Announce(Change::Items);
+  SelectOnly(to);
+}
+
 void ListBox::RemoveSelected() {
   std::erase_if(items_, [](const Item& item) { return item.selected; });
   focus_ = -1;

@@ -19,9 +19,17 @@ struct ListColumn {
 };
 
 // Keys that lists hand on beyond those that move and select.
-enum class ListKey { Delete, MoveUp, MoveDown };  // MoveUp/MoveDown: Alt with the arrow keys
+enum class ListKey { Delete, MoveUp, MoveDown, Rename };  // MoveUp/MoveDown: Alt with the arrow keys; Rename: F2
 
-enum class RowMark { None, Changed, Dim, Wrong };  // emphasised, greyed, in the colour of errors
+// Emphasised, greyed, in the colour of warnings, in that of errors and emphasised.
+enum class RowMark { None, Changed, Dim, Doubtful, Wrong };
+
+// An entry of a context menu.
+struct MenuEntry {
+  std::wstring text;  // "&" marks the access key
+  std::function<void()> chosen;
+  bool enabled = true;
+};
 
 // Rows of text, each with one 32-bit value, and a selection. Positions count from 0; those handed over must exist.
 class ListBox : public Control {
@@ -40,6 +48,8 @@ class ListBox : public Control {
   void SetItemText(int i, std::wstring text);
   void SetValue(int i, std::int32_t value);
   void Remove(int i);
+  // Takes an entry to another place, selected; those between give way.
+  void MoveItem(int from, int to);
   // Removes every selected entry in one pass.
   void RemoveSelected();
   void Clear();
@@ -74,8 +84,14 @@ class ListBox : public Control {
   std::function<void(ListKey)> keyPressed;
   // Set: entries can be dragged. Called for every row that the pointer enters; `from` is the entry's place by then.
   std::function<void(int from, int to)> dragged;
-  // The tooltip of the entry under the pointer is its text, when true.
+  // The tooltip of an entry that is cut off is its text, when true.
   bool itemTooltips = false;
+  // The entries of the context menu for what is selected; asked when the user wants to see it.
+  std::function<std::vector<MenuEntry>()> menu;
+
+  // What an empty list says: how to fill it.
+  const std::wstring& Hint() const { return hint_; }
+  void SetHint(std::wstring hint) { Set(hint_, std::move(hint), Change::Items); }
 
  private:
   struct Item {
@@ -88,6 +104,7 @@ class ListBox : public Control {
 
   std::vector<Item> items_;
   std::vector<ListColumn> columns_;
+  std::wstring hint_;
   bool multiSelect_;
   int focus_ = -1;
 };

@@ -32,6 +32,8 @@ class Picture : public Control {
   void Refresh() { Announce(Change::Look); }
 
   std::function<void(Canvas&)> paint;
+  // The user clicks it, there; the extent is that of the canvas.
+  std::function<void(Point at, Size extent)> clicked;
 };
 
 }  // namespace tagrix

@@ -12,11 +12,11 @@ namespace {
 constexpr int kLongestStep = 20;              // milliseconds between two looks at the socket
 constexpr std::uint64_t kLineTimeout = 5000;  // milliseconds
 constexpr std::size_t kLongestAnswer = 256 << 20;
-constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kCrLf = "\r\n";
 
 bool BeginsWithOneOf(std::string_view text, std::string_view prefixes) {
-  for (size_t end = 0;; prefixes.remove_prefix(end + kLineEnd.size())) {
-    end = prefixes.find(kLineEnd);
+  for (size_t end = 0;; prefixes.remove_prefix(end + kCrLf.size())) {
+    end = prefixes.find(kCrLf);
     if (text.starts_with(prefixes.substr(0, end))) return true;
     if (end == prefixes.npos) return false;
   }
@@ -84,6 +84,8 @@ void HttpClient::Connect(const std::wstring& host, const Progress& progress) {
   Settings& settings = ports_.settings;
   if (settings.ThroughProxy()) {
     ports_.socket.Connect(settings.Get(setting::kProxyName), settings.Get(setting::kProxyPort));
+  } else if (const auto port = PortOf(host)) {
+    ports_.socket.Connect(host.substr(0, host.find(L':')), *port);
   } else {
     ports_.socket.Connect(host, settings.Get(setting::kHttpPort));
   }
@@ -104,7 +106,7 @@ bool HttpClient::WaitFor(std::string_view expected, Progress& progress, std::str
   bool found = false;
   while (!found && Connected() && !GaveUp(start, progress)) {
     ports_.events.DoEvents();
-    found = received_.find(kLineEnd) != received_.npos && BeginsWithOneOf(received_, expected);
+    found = received_.find(kCrLf) != received_.npos && BeginsWithOneOf(received_, expected);
     if (!found) ports_.events.Wait(kLongestStep);
   }
   if (reply != nullptr) *reply = received_;
@@ -115,7 +117,7 @@ bool HttpClient::WaitFor(std::string_view expected, Progress& progress, std::str
 bool HttpClient::Send(std::string_view text, Progress& progress) {
   if (!Connected()) return false;
   sendComplete_ = false;
-  ports_.socket.SendData(std::string(text).append(kLineEnd));
+  ports_.socket.SendData(std::string(text).append(kCrLf));
   const std::uint64_t start = ports_.events.TickCount();
   RunUntil([&] { return sendComplete_ || GaveUp(start, progress); });
   return sendComplete_;

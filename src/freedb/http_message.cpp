@@ -30,6 +30,17 @@ std::optional<std::wstring> PrepareUrl(std::wstring& url) {
   return host;
 }
 
+std::optional<int> PortOf(std::wstring_view host) {
+  const size_t colon = host.find(L':');
+  if (colon == host.npos) return std::nullopt;
+  const std::wstring_view digits = host.substr(colon + 1);
+  if (digits.empty() || digits.size() > 5 || digits.find_first_not_of(L"0123456789") != digits.npos) {
+    return std::nullopt;
+  }
+  const int port = LeadingInteger(digits);
+  return port > 0 && port <= 65535 ? std::optional(port) : std::nullopt;
+}
+
 std::wstring HttpRequest(const std::wstring& url, const std::wstring& host) {
   std::wstring request = L"GET " + url + L" HTTP/1.0\r\n";
   request += L"Accept: */*\r\n";

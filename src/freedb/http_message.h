@@ -13,6 +13,9 @@ namespace tagrix {
 // begin with "http://" or "https://" or couldn't stand in a request line.
 std::optional<std::wstring> PrepareUrl(std::wstring& url);
 
+// The port that a host is followed by ("localhost:8080"); nothing when there is none from 1 to 65535.
+std::optional<int> PortOf(std::wstring_view host);
+
 // The whole request; its first line carries the absolute address, with or without a proxy.
 std::wstring HttpRequest(const std::wstring& url, const std::wstring& host);
 

@@ -83,7 +83,13 @@ Deviations DeviationsOf(const std::vector<Place>& places) {
 Diagnosis Diagnose(const std::vector<Place>& places) {
   const int compared = DeviationsOf(places).compared, good = CountGood(places);
   if (compared == 0) return {Verdict::Nothing};
-  if (good == compared) return {Verdict::Fits};
+  if (good == compared) {
+    const auto any = [&](Fit fit) {
+      return std::any_of(places.begin(), places.end(), [fit](const Place& place) { return FitOf(place) == fit; });
+    };
+    if (any(Fit::NoFile)) return {Verdict::TracksWithoutFile};
+    return {any(Fit::NoTrack) ? Verdict::FilesWithoutTrack : Verdict::Fits};
+  }
 
   const auto complete = [](const Place& place) { return place.hasFile && place.hasTrack; };
   if (std::all_of(places.begin(), places.end(), complete)) {

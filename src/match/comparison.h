@@ -27,7 +27,18 @@ struct Deviations {
 };
 Deviations DeviationsOf(const std::vector<Place>& places);
 
-enum class Verdict { Nothing, Fits, OtherOrder, FileMissing, FileTooMany, PartlyFits, WrongDisc };
+// TracksWithoutFile and FilesWithoutTrack: what can be compared fits.
+enum class Verdict {
+  Nothing,
+  Fits,
+  TracksWithoutFile,
+  FilesWithoutTrack,
+  OtherOrder,
+  FileMissing,
+  FileTooMany,
+  PartlyFits,
+  WrongDisc
+};
 struct Diagnosis {
   Verdict verdict = Verdict::Nothing;
   int place = 0;  // FileMissing: the track without a file; FileTooMany: the file without a track

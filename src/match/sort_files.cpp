@@ -9,6 +9,29 @@
 #include "base/times.h"
 
 namespace tagrix {
+namespace {
+
+constexpr double kCloseMilliseconds = 2000, kFarMilliseconds = 10000;
+
+// Deviations of the places that have both a file and a track; milliseconds.
+std::vector<double> DeviationsIn(const std::vector<int>& order, const std::vector<std::int32_t>& files,
+                                 const std::vector<std::int32_t>& tracks) {
+  std::vector<double> deviations(std::min(order.size(), tracks.size()));
+  for (std::size_t i = 0; i < deviations.size(); ++i) {
+    deviations[i] = std::abs(files[static_cast<std::size_t>(order[i])] - FramesToMilliseconds(tracks[i]));
+  }
+  return deviations;
+}
+
+// Where the values stand, from the least to the greatest.
+std::vector<std::size_t> Ascending(const std::vector<std::int32_t>& values) {
+  std::vector<std::size_t> places(values.size());
+  std::iota(places.begin(), places.end(), std::size_t{0});
+  std::stable_sort(places.begin(), places.end(), [&](std::size_t a, std::size_t b) { return values[a] < values[b]; });
+  return places;
+}
+
+}  // namespace
 
 std::vector<int> SortFiles(std::vector<std::int32_t> files, const std::vector<std::int32_t>& tracks,
                            const std::function<void(std::size_t tracksDone)>& placed) {
@@ -26,6 +49,29 @@ std::vector<int> SortFiles(std::vector<std::int32_t> files, const std::vector<st
     placed(i + 1);
   }
   return order;
+}
+
+std::vector<int> SortAsAWhole(const std::vector<std::int32_t>& files, const std::vector<std::int32_t>& tracks) {
+  const std::vector<std::size_t> byFile = Ascending(files), byTrack = Ascending(tracks);
+  std::vector<int> order(files.size());
+  for (std::size_t i = 0; i < order.size(); ++i) order[byTrack.at(i)] = static_cast<int>(byFile[i]);
+  return order;
+}
+
+bool AllFit(const std::vector<std::int32_t>& files, const std::vector<std::int32_t>& tracks,
+            const std::vector<int>& order) {
+  const std::vector<double> deviations = DeviationsIn(order, files, tracks);
+  return std::all_of(deviations.begin(), deviations.end(), [](double off) { return off <= kCloseMilliseconds; });
+}
+
+double Misfit(const std::vector<std::int32_t>& files, const std::vector<std::int32_t>& tracks,
+              const std::vector<int>& order) {
+  double sum = 0;
+  for (const double off : DeviationsIn(order, files, tracks)) {
+    const double seconds = std::min(off, kFarMilliseconds) / 1000;
+    sum += seconds * seconds;
+  }
+  return sum;
 }
 
 }  // namespace tagrix

@@ -17,6 +17,11 @@ class CodePage {
   virtual wchar_t DecimalSeparator() = 0;
 };
 
+// Whether the code page holds every character of the text.
+inline bool InCodePage(CodePage& codePage, std::wstring_view text) {
+  return codePage.ToText(codePage.ToBytes(text)) == text;
+}
+
 }  // namespace tagrix
 
 #endif

@@ -70,6 +70,8 @@ class Files {
   virtual bool HasVolumeLabel(const std::wstring& drive) = 0;
   // The user's Music folder; empty when unknown. Never throws.
   virtual std::wstring MusicFolder() = 0;
+  // Likewise, the user's desktop.
+  virtual std::wstring DesktopFolder() = 0;
 };
 
 }  // namespace tagrix

@@ -36,6 +36,8 @@ class Prompts {
   // Shows the dialog over the active window and returns when it has closed.
   virtual void ShowModal(Form& dialog) = 0;
   virtual OpenFilesAnswer OpenFiles(const OpenFilesRequest& request) = 0;
+  // The system's dialog for a folder, opened on the network; empty when the user cancels.
+  virtual std::wstring ChooseNetworkFolder() = 0;
 };
 
 }  // namespace tagrix

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/failure.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/times.h"
 #include "storage/small_files.h"
+#include "tags/tag_journal.h"
 
 namespace tagrix {
 
@@ -15,6 +17,11 @@ std::wstring AlbumPath(const AlbumSession& session, const std::wstring& name) {
 }
 
 std::vector<AlbumFile> ReadAlbumFolder(Files& files, const std::wstring& folder, const std::wstring& format) {
+  try {
+    RecoverTags(files, folder);
+  } catch (const Failure&) {
+    // The folder can be looked at all the same; Apply tries again and says why it can't.
+  }
   std::vector<std::wstring> names = FilesOfFormat(files, folder, format);
   std::sort(names.begin(), names.end());
   std::vector<AlbumFile> album;
@@ -29,6 +36,7 @@ void MoveFile(AlbumSession& session, int from, int to) {
     const int neighbour = from + step;
     std::swap(at(from).name, at(neighbour).name);
     std::swap(at(from).fake, at(neighbour).fake);
+    std::swap(at(from).length, at(neighbour).length);
   }
 }
 
@@ -44,7 +52,10 @@ bool CanBeSorted(const AlbumSession& session) {
 void ReorderFiles(AlbumSession& session, const std::vector<int>& order) {
   std::vector<AlbumFile> files;
   files.reserve(order.size());
-  for (const int from : order) files.push_back({session.files.at(static_cast<std::size_t>(from)).name});
+  for (const int from : order) {
+    AlbumFile& file = files.emplace_back(session.files.at(static_cast<std::size_t>(from)));
+    file.milliseconds = 0;
+  }
   session.files = std::move(files);
   session.journal.Reorder(order);
 }

@@ -3,6 +3,7 @@
 #define TAGRIX_SESSION_ALBUM_SESSION_H
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,8 @@ struct AlbumFile {
   std::wstring name;              // with its ending, without folder
   std::int32_t milliseconds = 0;  // playing time; 0 unknown
   bool fake = false;              // stands for a track without a file
+  // The same time, but it goes with the file wherever that is moved. None: not looked at yet.
+  std::optional<std::int32_t> length = {};
 
   static AlbumFile Fake() { return {L"**FAKE TRACK**", 0, true}; }
 };
@@ -41,10 +44,11 @@ inline int TrackCount(const AlbumSession& session) { return static_cast<int>(ses
 // The path of a name in the album's folder.
 std::wstring AlbumPath(const AlbumSession& session, const std::wstring& name);
 
-// The folder's files of a format by character code, capitals first. Throws Failure.
+// The folder's files of a format by character code, capitals first. Tags that a crashed run has left half-written are
+// put back before. Throws Failure.
 std::vector<AlbumFile> ReadAlbumFolder(Files& files, const std::wstring& folder, const std::wstring& format);
 
-// Moves a file by exchanging names with one neighbour after the other. Only the names move: the times stay where they
+// Moves a file by exchanging names with one neighbour after the other. The lengths go along; the times stay where they
 // are, and have to be measured again before they are compared; so do the former names.
 void MoveFile(AlbumSession& session, int from, int to);
 void AddFakeFiles(AlbumSession& session, int count);

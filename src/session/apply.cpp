@@ -7,9 +7,12 @@
 #include "base/letter_case.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "session/name_plan.h"
 #include "session/rename_pattern.h"
 #include "storage/m3u.h"
 #include "storage/small_files.h"
+#include "tags/standard_tags.h"
+#include "tags/tag_journal.h"
 
 namespace tagrix {
 namespace {
@@ -20,15 +23,24 @@ constexpr const wchar_t* kComment = L"Tagged By Tagrix";
 class Run {
  public:
   Run(AlbumSession& session, const ApplyOrder& order, const TagPorts& ports, Progress& progress, ApplyWatcher& watcher)
-      : session_(session), order_(order), ports_(ports), progress_(progress), watcher_(watcher) {}
+      : session_(session),
+        order_(order),
+        ports_(ports),
+        progress_(progress),
+        watcher_(watcher),
+        journal_(ports.files, session.folder) {}
 
   bool Whole() {
-    RecordNames();
+    RecoverTags(ports_.files, session_.folder);
     CompleteDisc();
+    if (!ChooseStyle()) return false;
+    RecordNames();
     const int count = FileCount(session_);
     for (int i = 0; i < count; ++i) {
       if (!Next(i, session_.files[Index(i)].name)) return false;
+      if (!IsApplied(i)) continue;
       ApplyFile(i);
+      watcher_.FileDone(i);
     }
     if (!Next(count, {})) return false;
     if (order_.playlist) WritePlaylist();
@@ -57,15 +69,67 @@ class Run {
     return !progress_.Cancelled();
   }
 
+  bool IsApplied(int i) const { return !session_.files[Index(i)].fake && i < TrackCount(session_); }
+
+  // Finds out which files are written by the standard, and saves what is overwritten in them. False when the user
+  // cancelled.
+  bool ChooseStyle() {
+    const int count = FileCount(session_);
+    byStandard_.assign(Index(count), false);
+    std::optional<TagStyle> style = order_.tagStyle;
+    if ((!order_.id3v1 && !order_.id3v2) || style == TagStyle::Classic) return true;
+    TagStyleReasons reasons;
+    std::vector<PatchedFile> patched;
+    for (int i = 0; i < count; ++i) {
+      if (!IsApplied(i)) continue;
+      const std::wstring& name = session_.files[Index(i)].name;
+      progress_.Pass(name);
+      if (progress_.Cancelled()) return false;
+      byStandard_[Index(i)] = LookAt(i, reasons, patched);
+    }
+    if (!style && reasons != TagStyleReasons()) {
+      style = watcher_.ChooseTagStyle(reasons);
+      if (!style) return false;
+      if (style == TagStyle::Classic) byStandard_.assign(Index(count), false);
+    }
+    if (style == TagStyle::Standard) SaveOverwritten(std::move(patched));
+    return true;
+  }
+
+  // Whether the file is to be written by the standard. Where that can't be seen it is: nothing gets lost.
+  bool LookAt(int i, TagStyleReasons& reasons, std::vector<PatchedFile>& patched) const {
+    const std::wstring& name = session_.files[Index(i)].name;
+    try {
+      TagOutlook outlook = LookAtTags(ports_, FieldsOf(i), AlbumPath(session_, name), order_.id3v1, order_.id3v2);
+      if (!outlook.concerns.Any()) return false;
+      CountReasons(outlook.concerns, reasons);
+      if (!outlook.patches.empty()) patched.push_back({name, std::move(outlook.patches)});
+    } catch (const Failure&) {
+    }
+    return true;
+  }
+
+  static void CountReasons(const TagConcerns& concerns, TagStyleReasons& reasons) {
+    reasons.dropsFrames += concerns.dropsFrames ? 1 : 0;
+    reasons.oldTag += concerns.oldTag ? 1 : 0;
+    reasons.longText += concerns.longText ? 1 : 0;
+    reasons.foreignText += concerns.foreignText ? 1 : 0;
+    reasons.overwritesEnd += concerns.overwritesEnd ? 1 : 0;
+  }
+
+  void SaveOverwritten(std::vector<PatchedFile> patched) {
+    for (PatchedFile& file : patched) journal_.Add(std::move(file));
+    journal_.Save();
+  }
+
   void ApplyFile(int i) {
     const AlbumFile& file = session_.files[Index(i)];
-    if (file.fake || i >= TrackCount(session_)) return;
     if (const auto found = ports_.files.Find(AlbumPath(session_, file.name)); found && found->readOnly) {
       watcher_.Tell({Trouble::ReadOnly, file.name});
       return;
     }
     if (order_.id3v1 || order_.id3v2) WriteFileTags(i);
-    if (order_.rename) RenameByPattern(i);
+    if (order_.rename && !journal_.HalfWritten(file.name)) RenameByPattern(i);
   }
 
   TagFields FieldsOf(int i) const {
@@ -82,25 +146,32 @@ class Run {
   void WriteFileTags(int i) {
     const std::wstring name = session_.files[Index(i)].name, path = AlbumPath(session_, name);
     try {
-      if (!WriteTags(ports_, FieldsOf(i), path, order_.id3v1, order_.id3v2, progress_)) {
-        watcher_.Tell({Trouble::TagsNotWritten, name});
-      }
+      const bool written = byStandard_[Index(i)]
+                               ? WriteByStandard(i, name, path)
+                               : WriteTags(ports_, FieldsOf(i), path, order_.id3v1, order_.id3v2, progress_);
+      if (!written) watcher_.Tell({Trouble::TagsNotWritten, name});
     } catch (const Failure& failure) {
       const bool inPlace = failure.Tried() == Action::Replace;
       watcher_.Tell({inPlace ? Trouble::NotReplaced : Trouble::TagsNotWritten, name, path, &failure});
     }
   }
 
+  bool WriteByStandard(int i, const std::wstring& name, const std::wstring& path) {
+    const auto [written, aside] =
+        WriteStandardTags(ports_, FieldsOf(i), path, order_.id3v1, order_.id3v2, journal_, progress_);
+    std::wstring fields;
+    for (const std::string& field : aside) fields += (fields.empty() ? L"" : L", ") + Widen(field);
+    if (!fields.empty()) watcher_.Tell({Trouble::KeptAside, name, fields});
+    return written;
+  }
+
   void RenameByPattern(int i) {
     AlbumFile& file = session_.files[Index(i)];
-    const Disc& disc = session_.disc;
-    const std::wstring base = CleanAndTrimFileName(ExpandPattern(order_.renamePattern, disc.artist, disc.album,
-                                                                 static_cast<std::int16_t>(i + 1),
-                                                                 disc.tracks[Index(i)].title, *disc.year, disc.genre));
-    const std::wstring name = SafeFileName(base + L"." + ToLower(session_.format));
+    const std::wstring name = NewFileName(session_, i, order_.renamePattern, order_.currentYear);
     const std::wstring target = AlbumPath(session_, name);
     if (name == file.name) return;
-    switch (base.empty() ? Renamed::Failed : TryRename(ports_.files, AlbumPath(session_, file.name), target)) {
+    switch (IsNoName(session_, name) ? Renamed::Failed
+                                     : TryRename(ports_.files, AlbumPath(session_, file.name), target)) {
       case Renamed::Done: {
         const auto found = ports_.files.Find(target);
         file.name = found ? found->name : name;
@@ -130,17 +201,21 @@ class Run {
     const Disc& disc = session_.disc;
     std::wstring name = ExpandPattern(order_.playlistPattern, disc.artist, disc.album, 0, {}, *disc.year, disc.genre);
     if (Trim(name).empty()) name = CleanAndTrimFileName(FileNamePart(session_.folder));
-    return SafeFileName(name + L".m3u");
+    return name;
   }
 
   void WritePlaylist() {
-    const std::wstring folder = PlaylistFolder(), target = WithBackslash(folder) + PlaylistName();
-    if (FileExists(ports_.files, target) && !watcher_.MayReplacePlaylist(target)) return;
+    const std::wstring folder = PlaylistFolder();
     std::wstring lines;
     for (const AlbumFile& file : session_.files) {
       if (!file.fake) lines += PlaylistLine(AlbumPath(session_, file.name), folder);
     }
-    WritePlaylistFile(ports_.files, ports_.codePage, target, lines);
+    const bool utf8 = !InCodePage(ports_.codePage, lines);
+    const std::wstring name = PlaylistFileName(PlaylistName(), utf8), target = WithBackslash(folder) + name;
+    if (FileExists(ports_.files, target) && !watcher_.MayReplacePlaylist(target)) return;
+    WritePlaylistFile(ports_.files, ports_.codePage, target, lines, utf8);
+    if (utf8) watcher_.Tell({Trouble::PlaylistInUtf8, name});
+    watcher_.PlaylistWritten(target);
   }
 
   AlbumSession& session_;
@@ -148,6 +223,8 @@ class Run {
   const TagPorts& ports_;
   Progress& progress_;
   ApplyWatcher& watcher_;
+  TagJournal journal_;
+  std::vector<bool> byStandard_;  // by file
 };
 
 class UndoneFiles : public UndoList {

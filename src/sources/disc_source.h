@@ -35,8 +35,9 @@ struct SearchQuery {
   bool any = false;  // one of the words is enough, for more results
 };
 
-// How a request to a source ended. Given: with an answer, be it that there is nothing.
-enum class Answer { Given, NotReached, Refused, Cancelled };
+// How a request to a source ended. Given: with an answer, be it that there is nothing. NotSecure: whoever answers can't
+// show that he is the source.
+enum class Answer { Given, NotReached, NotSecure, Refused, Cancelled };
 struct SourceReply {
   Answer answer = Answer::Given;
   std::wstring words = {};  // of a refusal, as the server puts it; may be empty

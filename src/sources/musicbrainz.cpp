@@ -93,7 +93,7 @@ std::optional<Disc> DiscOf(const Release& release, std::int64_t number) {
 
 namespace {
 
-constexpr int kLongestStep = 20;                 // milliseconds between two looks at what the user does
+constexpr int kLookEvery = 20;                   // milliseconds between two looks at what the user does
 constexpr std::uint64_t kPeace = 1000;           // milliseconds between two requests
 constexpr int kUsualWait = 2, kLongestWait = 5;  // seconds for a server that asks for patience
 
@@ -172,6 +172,7 @@ SourceReply MusicBrainzSource::Ask(const std::wstring& path, musicbrainz::Reply&
   }
   if (!answer) return {Answer::Cancelled};
   if (answer->end == HttpsAnswer::End::TooLong) return {Answer::Refused};
+  if (answer->end == HttpsAnswer::End::NotSecure) return {Answer::NotSecure};
   if (answer->end != HttpsAnswer::End::Complete) return {Answer::NotReached};
 
   auto parsed = musicbrainz::ParseReply(answer->body, [&] {
@@ -201,7 +202,7 @@ std::optional<HttpsAnswer> MusicBrainzSource::Get(const std::wstring& path, Prog
 
 bool MusicBrainzSource::RunUntil(const std::function<bool()>& done, Progress& progress) {
   while (!done()) {
-    ports_.events.Wait(kLongestStep);
+    ports_.events.Wait(kLookEvery);
     progress.LetEventsRun();
     if (progress.Cancelled()) return false;
   }

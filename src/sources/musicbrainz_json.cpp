@@ -12,8 +12,8 @@
 namespace tagrix::musicbrainz {
 namespace {
 
-constexpr std::size_t kPiece = 1 << 16;     // bytes between two looks at what goes on outside
-constexpr std::size_t kLongestText = 4096;  // bytes
+constexpr std::size_t kTextPiece = 1 << 16;  // bytes between two looks at what goes on outside
+constexpr std::size_t kLongestText = 4096;   // bytes
 constexpr std::size_t kDeepest = 32;
 
 // The text byte by byte, with a pause before each piece.
@@ -39,10 +39,13 @@ class Bytes {
   bool operator!=(const Bytes& other) const { return at_ != other.at_; }
 
  private:
-  // A piece without any quotation mark would be part of an endless number, which takes its reader very long.
+  // A piece in which no text begins or ends would be part of an endless number or text, which its reader gathers and
+  // quotes when it is wrong: that takes very long.
   void NextPiece() {
-    const std::string_view piece(at_, std::min<std::size_t>(kPiece, static_cast<std::size_t>(end_ - at_)));
-    const bool endless = piece.size() == kPiece && piece.find('"') == piece.npos;
+    const std::string_view piece(at_, std::min<std::size_t>(kTextPiece, static_cast<std::size_t>(end_ - at_)));
+    std::size_t mark = piece.find('"', 1);
+    while (mark != piece.npos && piece[mark - 1] == '\\') mark = piece.find('"', mark + 1);
+    const bool endless = piece.size() == kTextPiece && mark == piece.npos;
     at_ = endless || piece.empty() || !(*goOn_)() ? end_ : at_;
     pieceEnd_ = at_ == end_ ? end_ : at_ + piece.size();
   }

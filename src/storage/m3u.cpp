@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/file_names.h"
 #include "base/letter_case.h"
 #include "base/text.h"
+#include "base/utf8.h"
 #include "storage/small_files.h"
 
 namespace tagrix {
@@ -31,8 +33,13 @@ std::wstring PlaylistLine(std::wstring_view path, std::wstring_view folder) {
   return RelativePath(path, folder) + L"\r\n";
 }
 
-void WritePlaylistFile(Files& files, CodePage& codePage, const std::wstring& target, std::wstring_view lines) {
-  if (!target.empty()) WriteWholeFile(files, target, codePage.ToBytes(lines));
+std::wstring PlaylistFileName(const std::wstring& name, bool utf8) {
+  return SafeFileName(name + (utf8 ? L".m3u8" : L".m3u"));
+}
+
+void WritePlaylistFile(Files& files, CodePage& codePage, const std::wstring& target, std::wstring_view lines,
+                       bool utf8) {
+  if (!target.empty()) WriteWholeFile(files, target, utf8 ? ToUtf8(lines) : codePage.ToBytes(lines));
 }
 
 }  // namespace tagrix

@@ -1,4 +1,5 @@
-// Plain M3U playlists: one path a line, no header, CR LF after every line, in the system's code page.
+// Plain M3U playlists: one path a line, no header, CR LF after every line, in the system's code page; those whose names
+// it doesn't hold are in UTF-8 and end in ".m3u8".
 #ifndef TAGRIX_STORAGE_M3U_H
 #define TAGRIX_STORAGE_M3U_H
 
@@ -17,9 +18,13 @@ std::wstring RelativePath(std::wstring_view path, std::wstring_view base);
 // The line that names a file in a playlist of the given folder, its end included.
 std::wstring PlaylistLine(std::wstring_view path, std::wstring_view folder);
 
+// What a playlist is called: its name with the ending for its encoding.
+std::wstring PlaylistFileName(const std::wstring& name, bool utf8);
+
 // Writes a playlist's lines beside the target and puts them in its place, so that an error leaves what was there. An
 // empty target writes nothing. Throws Failure.
-void WritePlaylistFile(Files& files, CodePage& codePage, const std::wstring& target, std::wstring_view lines);
+void WritePlaylistFile(Files& files, CodePage& codePage, const std::wstring& target, std::wstring_view lines,
+                       bool utf8);
 
 }  // namespace tagrix
 

@@ -1,13 +1,10 @@
 #include "tags/id3tag.h"
 
-#include <algorithm>
 #include <memory>
 #include <string_view>
 
 #include "base/failure.h"
-#include "base/letter_case.h"
 #include "base/paths.h"
-#include "base/text.h"
 #include "storage/temporary_file.h"
 #include "tags/id3v1.h"
 #include "tags/id3v2.h"
@@ -15,21 +12,6 @@
 
 namespace tagrix {
 namespace {
-
-constexpr std::size_t kPiece = 1 << 20;  // what is copied at a time; at most 3 MiB
-constexpr const wchar_t* kTemporaryName = L"temp";
-
-bool CanBeTagged(Files& files, const std::wstring& path) {
-  // A path to a file that is there, with a drive, needs no look at the drive.
-  if (path.size() < 3 || path[1] != L':' || EqualIgnoringCase(FileNamePart(path), kTemporaryName)) return false;
-  const auto found = files.Find(path);
-  return found && !found->folder && !found->readOnly;
-}
-
-void ShowStep(Progress& progress, const wchar_t* step, const std::wstring& path) {
-  progress.Status(step + Trim(path));
-  progress.LetEventsRun();
-}
 
 // The open audio file.
 struct Source {
@@ -47,30 +29,14 @@ std::string Id3v1Bytes(const Source& source, const std::string& record) {
   return bytes;
 }
 
-// Copies what stands from `from` to before `to`, letting pending events run.
-void Copy(Progress& progress, const Source& source, std::uint64_t from, std::uint64_t to, TemporaryFile& target) {
-  if (from >= to) return;
-  const auto longest = static_cast<std::size_t>(std::min<std::uint64_t>(kPiece, to - from));
-  const auto piece = std::make_unique_for_overwrite<char[]>(longest);
-  while (from < to) {
-    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(longest, to - from));
-    if (source.file->Read(from, piece.get(), count) != count) {
-      throw Failure(Action::Read, source.path, Cause::Shrunk);
-    }
-    target.Append({piece.get(), count});
-    from += count;
-    progress.LetEventsRun();
-  }
-}
-
 // Puts the new tag before what stands in the file from `oldTag` on, the last bytes replaced by `tail`. The header of
 // the old tag is not counted in `oldTag`, so the last 10 bytes of the old tag stay: kept.
 void Rewrite(Files& files, Progress& progress, Source& source, const std::string& newTag, std::uint64_t oldTag,
              std::string_view tail) {
-  TemporaryFile temporary(files, std::wstring(FolderPart(source.path)) + kTemporaryName);
+  TemporaryFile temporary(files, std::wstring(FolderPart(source.path)) + kTaggedCopy);
   temporary.Append(newTag);
   const std::uint64_t end = source.size - tail.size();
-  Copy(progress, source, oldTag, end, temporary);
+  CopyPart(*source.file, source.path, oldTag, end, temporary, progress);
   if (oldTag > end) tail.remove_prefix(static_cast<std::size_t>(oldTag - end));
   temporary.Append(tail);
   temporary.Finish();
@@ -86,12 +52,12 @@ bool WriteWanted(const TagPorts& ports, const TagFields& fields, Source& source,
   std::string tail;
   if (id3v1) {
     const std::string record = BuildID3v1(fields, ports.styles, ports.codePage);
-    ShowStep(progress, L"Updating ID3v1 : ", source.path);
+    ShowTagging(progress, L"Updating ID3v1 : ", source.path);
     tail = Id3v1Bytes(source, record);
     if (!id3v2) source.file->Write(source.size - tail.size(), tail);
   }
   if (id3v2) {
-    ShowStep(progress, L"Updating ID3v2 : ", source.path);
+    ShowTagging(progress, L"Updating ID3v2 : ", source.path);
     Rewrite(ports.files, progress, source, BuildID3v2(fields, ports.codePage), oldTag, tail);
   }
   return true;

@@ -26,7 +26,7 @@ std::string EncodeSize(std::uint64_t size) {
   return bytes;
 }
 
-std::string Frame(std::string_view id, const std::string& data) {
+std::string FrameBytes(std::string_view id, const std::string& data) {
   return std::string(id) + EncodeSize(data.size()) + std::string(2, '\0') + data;
 }
 
@@ -35,12 +35,12 @@ std::string Frame(std::string_view id, const std::string& data) {
 std::string BuildID3v2(const TagFields& fields, CodePage& codePage) {
   const std::string latin1(1, '\0');  // the code of the text encoding
   const auto text = [&](std::string_view id, const std::wstring& value) {
-    return Frame(id, latin1 + codePage.ToBytes(Trim(value)));
+    return FrameBytes(id, latin1 + codePage.ToBytes(Trim(value)));
   };
   const std::string frames =
       text("TIT2", fields.title) + text("TPE1", fields.artist) + text("TALB", fields.album) +
       text("TYER", fields.year) + text("TCON", fields.genre) + text("TRCK", fields.track) +
-      Frame("COMM", latin1 + "engComments" + std::string(1, '\0') + codePage.ToBytes(Trim(fields.comment)));
+      FrameBytes("COMM", latin1 + "engComments" + std::string(1, '\0') + codePage.ToBytes(Trim(fields.comment)));
   return std::string(kMark) + '\3' + std::string(2, '\0') + EncodeSize(frames.size()) + frames;
 }
 

@@ -42,6 +42,10 @@ struct Plot {
   }
 };
 
+Rect PlotRoom(Size size) {
+  return {kGutter, kLegend + 8, size.width - kGutter - kRight, size.height - kLegend - 8 - kFooter};
+}
+
 Ink InkOf(Fit fit) {
   switch (fit) {
     case Fit::Good:
@@ -156,9 +160,18 @@ double AxisLimit(double difference) {
   return std::ceil(difference / 7200000) * 7200000;
 }
 
+int PlaceAtPoint(const ComparisonChart& chart, Size size, Point point) {
+  const Plot plot{PlotRoom(size), static_cast<int>(chart.places.size()), 1};
+  for (int i = 0; i < plot.places; ++i) {
+    const Rect column = plot.Column(i);
+    if (point.x >= column.x && point.x < column.x + column.width) return i;
+  }
+  return -1;
+}
+
 void DrawComparison(Canvas& canvas, const ComparisonChart& chart) {
   const Size size = canvas.Extent();
-  const Rect room{kGutter, kLegend + 8, size.width - kGutter - kRight, size.height - kLegend - 8 - kFooter};
+  const Rect room = PlotRoom(size);
   const int count = static_cast<int>(chart.places.size());
   canvas.Fill({0, 0, size.width, size.height}, Ink::Background);
   if (count == 0 || room.width < 20 || room.height < 20) return;

@@ -22,6 +22,9 @@ struct ComparisonChart {
 // measured is hatched over the whole height, a place without file or track is an empty box.
 void DrawComparison(Canvas& canvas, const ComparisonChart& chart);
 
+// The place whose column is at a point of a canvas of that size; -1 where there is none.
+int PlaceAtPoint(const ComparisonChart& chart, Size size, Point point);
+
 // The axis that holds a difference: the least of some round times that is not below it, in milliseconds.
 double AxisLimit(double difference);
 

@@ -1,6 +1,8 @@
 #include "views/comparison_table.h"
 
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include "base/text.h"
 #include "base/times.h"
@@ -9,9 +11,10 @@
 namespace tagrix {
 namespace {
 
-enum Column { kNumber, kFile, kFileTime, kTrack, kTrackTime, kDifference };
+enum Column { kNumber, kFile, kFileTime, kTrack, kTrackTime, kDifference, kNewName };
 
 std::wstring DifferenceCell(const Place& place, Context& context) {
+  std::wstring difference = DifferenceText(Difference(place), context.codePage.DecimalSeparator());
   switch (FitOf(place)) {
     case Fit::NoFile:
       return context.Text(message::kWithoutFile);
@@ -19,15 +22,21 @@ std::wstring DifferenceCell(const Place& place, Context& context) {
       return context.Text(message::kWithoutTrack);
     case Fit::Unmeasured:
       return place.file == 0 ? context.Text(message::kUnmeasured) : std::wstring();
-    default:
-      return DifferenceText(Difference(place), context.codePage.DecimalSeparator());
+    case Fit::Doubtful:
+      return kDoubtSign + difference + L" " + context.Text(message::kDoubtful);
+    case Fit::Wrong:
+      return kWrongSign + difference + L" " + context.Text(message::kWrong);
+    case Fit::Good:
+      break;
   }
+  return difference;
 }
 
 RowMark MarkOf(const Place& place) {
   switch (FitOf(place)) {
     case Fit::Doubtful:
-      return RowMark::Changed;
+    case Fit::NoTrack:
+      return RowMark::Doubtful;
     case Fit::Wrong:
       return RowMark::Wrong;
     case Fit::NoFile:
@@ -39,9 +48,10 @@ RowMark MarkOf(const Place& place) {
 
 }  // namespace
 
-void ShowComparison(ListBox& table, Context& context, const std::function<ComparedRow(int i)>& row) {
-  const std::wstring time = context.Text(message::kTimeColumn);
-  table.cell = [&context, row](int i, int column) -> std::wstring {
+void ShowComparison(ListBox& table, Context& context, const std::function<ComparedRow(int i)>& row,
+                    const std::function<std::wstring(int i)>& newName) {
+  table.cell = [&context, row, newName](int i, int column) -> std::wstring {
+    if (column == kNewName) return newName(i);
     const ComparedRow compared = row(i);
     switch (column) {
       case kNumber:
@@ -59,12 +69,43 @@ void ShowComparison(ListBox& table, Context& context, const std::function<Compar
     }
   };
   table.mark = [row](int i) { return MarkOf(row(i).place); };
-  table.SetColumns({{L"#", 32, true},
-                    {context.Text(message::kFileColumn), 0},
-                    {time, 56, true},
-                    {context.Text(message::kTrackColumn), 0},
-                    {time, 56, true},
-                    {context.Text(message::kDifferenceColumn), 90, true}});
+  SetComparisonColumns(table, context, newName != nullptr);
+}
+
+void SetComparisonColumns(ListBox& table, Context& context, bool withNewName) {
+  const std::wstring time = context.Text(message::kTimeColumn);
+  std::vector<ListColumn> columns{{L"#", 32, true}, {context.Text(message::kFileColumn), 0},
+                                  {time, 48, true}, {context.Text(message::kTrackColumn), 0},
+                                  {time, 48, true}, {context.Text(message::kDifferenceColumn), 124, true}};
+  if (withNewName) columns.push_back({context.Text(message::kNameAfter), 0});
+  table.SetColumns(std::move(columns));
+}
+
+std::wstring VerdictText(Context& context, const Diagnosis& diagnosis) {
+  const auto atPlace = [&](int text) {
+    return FillMessage(context.Text(text), {std::to_wstring(diagnosis.place + 1)});
+  };
+  switch (diagnosis.verdict) {
+    case Verdict::Fits:
+      return context.Text(message::kVerdictFits);
+    case Verdict::TracksWithoutFile:
+      return context.Text(message::kTracksWithoutFile);
+    case Verdict::FilesWithoutTrack:
+      return context.Text(message::kFilesWithoutTrack);
+    case Verdict::OtherOrder:
+      return context.Text(message::kVerdictOtherOrder);
+    case Verdict::FileMissing:
+      return atPlace(message::kVerdictFileMissing);
+    case Verdict::FileTooMany:
+      return atPlace(message::kVerdictFileTooMany);
+    case Verdict::PartlyFits:
+      return context.Text(message::kVerdictPartlyFits);
+    case Verdict::WrongDisc:
+      return context.Text(message::kVerdictWrongDisc);
+    case Verdict::Nothing:
+      break;
+  }
+  return context.Text(message::kVerdictNothing);
 }
 
 std::wstring DeviationText(double milliseconds, wchar_t decimalSeparator) {

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "album/album_mod.h"
+#include "album/album_table.h"
 #include "core/dispatch.h"
 #include "core/messages.h"
 #include "fakes/fakes.h"
 
 namespace tagrix {
 namespace {
-
-using Texts = std::vector<std::wstring>;
 
 struct FileList : testing::Test {
   void Browse(int format, const char* button = "ok_btn") {
@@ -74,8 +74,52 @@ TEST_F(FileList, StartsOverWithEachFolderInTheOrderOfCodes) {
   EXPECT_FALSE(page.apply_btn.Enabled() || page.ID3v1_chk.Enabled() || page.ID3v2_chk.Enabled());
 }
 
+TEST_F(FileList, OpensWhatIsDroppedAsWhatTheFolderHolds) {
+  test.files.Put(L"C:\\O\\a.ogg");
+  test.files.Put(L"C:\\O\\b.wma");
+  OpenAlbum(page, test.context, L"C:\\O\\");
+  EXPECT_EQ(page.mp3_lst.Texts(), Texts{L"a.ogg"});
+  OpenAlbum(page, test.context, L"C:\\O\\b.wma");
+  EXPECT_EQ(page.mp3_lst.Texts(), Texts{L"b.wma"});
+  OpenAlbum(page, test.context, L"C:\\gone");
+  EXPECT_EQ(test.prompts.messages, Texts{L"<230> C:\\gone"});
+  EXPECT_EQ(page.path_txt.Text(), L"C:\\O");
+}
+
+TEST_F(FileList, TheTableHasARowForEachFileAndEachTrack) {
+  InitAlbumPage(page, test.context);
+  List({L"a", L"b"});
+  page.session.files[0].length = 60'000;
+  page.session.files[1].length = 75'000;
+  page.session.disc.tracks = {{L"One", 60 * 75}, {L"Two", 70 * 75}, {L"Three", 80 * 75}};
+  for (int i = 0; i < 3; ++i) page.tracks_lst.Add(TrackLine(page.session, i));
+  test.context.settings.Put(setting::kPattern, L"%2");
+  ShowTable(page);
+  const auto row = [&](int i) {
+    std::wstring cells;
+    for (int column = 1; column < 7; ++column) cells += page.mp3_lst.cell(i, column) + L"|";
+    return cells;
+  };
+  EXPECT_EQ(row(0), L"a|1:00|[01] One|1:00|\u00B10.0 s|One.mp3|");
+  EXPECT_EQ(row(1), L"b|1:15|[02] Two|1:10|\u25B2 +5.0 s <292>|Two.mp3|");
+  EXPECT_EQ(row(2), L"||[03] Three|1:20|<222>||");
+  page.artist_txt.Type(L"typed");
+  EXPECT_EQ(page.session.disc.artist, L"typed");
+
+  // Rows without a file are no places for files.
+  page.mp3_lst.SelectOnly(2);
+  DeleteSelected(page);
+  MoveUp(page);
+  DragEntry(page, 0, 2);
+  EXPECT_EQ(page.mp3_lst.Texts(), (Texts{L"b", L"a", L""}));
+  EXPECT_EQ(page.session.files[0].length, 75'000);
+  page.mp3_lst.DoubleClickItem(2);
+  EXPECT_EQ(test.prompts.shown, std::vector<std::string>{"trackedit"});
+}
+
 TEST_F(FileList, MovesNamesAndLeavesTheTimesInPlace) {
   List({L"a", L"b", L"c", L"d"});
+  page.session.files[2].fake = true;
   page.mp3_lst.SelectOnly(1);
   MoveUp(page);
   MoveUp(page);
@@ -86,6 +130,7 @@ TEST_F(FileList, MovesNamesAndLeavesTheTimesInPlace) {
   MoveDown(page);
   EXPECT_EQ(page.mp3_lst.Texts(), (Texts{L"a", L"c", L"d", L"b"}));
   EXPECT_EQ(Enabled(), "u-dci");
+  EXPECT_TRUE(page.session.files[1].fake);  // the third at first
   for (std::size_t i = 0; i < 4; ++i) {
     EXPECT_EQ(page.session.files[i].name, page.mp3_lst.Texts()[i]);
     EXPECT_EQ(page.session.files[i].milliseconds, static_cast<int>(i) * 10);
@@ -125,8 +170,10 @@ TEST_F(FileList, OpensAutoSortOnlyForAFileATrack) {
   page.mp3_lst.SelectOnly(1);
   DeleteSelected(page);
   AutoSortClicked(page, test.context);
-  EXPECT_EQ(test.prompts.messages, Texts(2, TestText(message::kAutoSortGate)));
-  List({L"c"});
+  List({L"c", L"d"});
+  AutoSortClicked(page, test.context);
+  EXPECT_EQ(test.prompts.messages, Texts(3, TestText(message::kAutoSortGate)));
+  page.session.disc.tracks.push_back({L"Three"});
   AutoSortClicked(page, test.context);
   EXPECT_EQ(test.prompts.shown, std::vector<std::string>{"Autosort"});
 }

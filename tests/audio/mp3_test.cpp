@@ -11,22 +11,22 @@
 namespace tagrix {
 namespace {
 
-constexpr const wchar_t* kPath = L"C:\\m\\a.mp3";
+constexpr const wchar_t* kQuick = L"C:\\m\\a.mp3";
 constexpr double kFalse = -1, kFailure = -2;
 
 // The duration of a file with this content, or one of the two above.
 double Duration(std::string content) {
   FakeFiles files;
-  files.Put(kPath, std::move(content));
+  files.Put(kQuick, std::move(content));
   double milliseconds = kFalse;
   try {
-    const bool measured = GetMP3Duration(files, kPath, milliseconds);
+    const bool measured = GetMP3Duration(files, kQuick, milliseconds);
     EXPECT_EQ(measured, milliseconds != kFalse);
   } catch (const Failure&) {
     EXPECT_EQ(milliseconds, kFalse);
     milliseconds = kFailure;
   }
-  files.Delete(kPath);  // throws when it has been left open
+  files.Delete(kQuick);  // throws when it has been left open
   return milliseconds;
 }
 
@@ -104,10 +104,10 @@ TEST(Mp3Duration, EndsWhereThirtyTwoBitsEnd) {
   double milliseconds = 0;
   LargeFiles files;
   files.size = 268435455;
-  EXPECT_TRUE(GetMP3Duration(files, kPath, milliseconds));
+  EXPECT_TRUE(GetMP3Duration(files, kQuick, milliseconds));
   EXPECT_EQ(milliseconds, 1712506);
   ++files.size;
-  EXPECT_THROW(GetMP3Duration(files, kPath, milliseconds), Failure);
+  EXPECT_THROW(GetMP3Duration(files, kQuick, milliseconds), Failure);
 }
 
 TEST(Mp3Duration, FindsTheFirstFrameWhereverReadsBeginAndEnd) {
@@ -122,14 +122,14 @@ TEST(Mp3Duration, FindsTheFirstFrameWhereverReadsBeginAndEnd) {
 
 TEST(Mp3Duration, OneReadIsEnoughWhenTheFrameComesFirst) {
   FakeFiles files;
-  files.Put(kPath, With(Silence(5000000), 0, "\xFF\xFB\x90"));
+  files.Put(kQuick, With(Silence(5000000), 0, "\xFF\xFB\x90"));
   double milliseconds = 7;
   for (const int call : {1, 2}) {  // open and read
     files.FailCall(call);
-    EXPECT_THROW(GetMP3Duration(files, kPath, milliseconds), Failure);
+    EXPECT_THROW(GetMP3Duration(files, kQuick, milliseconds), Failure);
   }
   files.FailCall(3);
-  EXPECT_TRUE(GetMP3Duration(files, kPath, milliseconds));
+  EXPECT_TRUE(GetMP3Duration(files, kQuick, milliseconds));
 }
 
 }  // namespace

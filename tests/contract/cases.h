@@ -6,10 +6,17 @@
 
 #include <string>
 
+#include "platform/event_loop.h"
+#include "storage/small_files.h"
 #ifdef _WIN32
+#include <windows.h>
+// Needs windows.h before it.
+#include <wincrypt.h>
+
 #include "win32/ports/code_page.h"
 #include "win32/ports/files.h"
 #include "win32/ports/ftp_client.h"
+#include "win32/ports/https_client.h"
 #include "win32/ports/registry.h"
 #include "win32/ports/tcp_socket.h"
 #include "win32/windows/event_loop.h"
@@ -23,8 +30,9 @@ namespace tagrix {
 
 using RegistryCase = WinRegistry;
 using CodePageCase = WinCodePage;
-// What with_servers.py tells in an environment variable.
+// What with_servers.py tells in an environment variable, as a text and as a number.
 std::string Place(const char* name);
+inline int Port(const char* name) { return std::stoi(Place(name)); }
 // Of the current user.
 void DeleteRegistryKey(const std::wstring& key);
 
@@ -42,26 +50,45 @@ struct FilesCase {
   std::wstring folder;
 };
 
-// The servers of both are real ones, which the environment names (see with_servers.py).
+// At the echoing port each request (up to an empty line) comes back; after one that begins with "close" the server
+// closes the connection.
+struct SocketCase {
+  static int EchoingPort() { return Port("TAGRIX_ECHO_PORT"); }
+  static int RefusingPort() { return Port("TAGRIX_REFUSED_PORT"); }
+
+  WinEventLoop events;
+  WinTcpSocket socket;
+};
+
 struct FtpCase : FilesCase {
   FtpCase();
   static void Offer(const std::string& path, const std::string& content);
-  void Silence();  // from now on the server takes connections and says nothing
-  static int RefusingPort();
+  // From now on the server, the one that echoes, takes connections and says nothing.
+  void Silence() { request.port = SocketCase::EchoingPort(); }
 
   WinEventLoop events;
   WinFtpClient ftp;
   FtpRequest request;
 };
 
-// At the echoing port each request (up to an empty line) comes back; after one that begins with "close" the server
-// closes the connection.
-struct SocketCase {
-  static int EchoingPort();
-  static int RefusingPort() { return FtpCase::RefusingPort(); }
+// The certificate of one of the servers (see https_server.py) is trusted for as long as this lives.
+struct HttpsCase {
+  HttpsCase();
+  ~HttpsCase();
+  HttpsCase(const HttpsCase&) = delete;
+  HttpsCase& operator=(const HttpsCase&) = delete;
+  // The start of an address on the server whose port the environment variable names.
+  static std::wstring Site(const char* variable, const wchar_t* host = L"https://localhost:") {
+    return host + std::to_wstring(Port(variable));
+  }
+  static std::wstring Trusted() { return Site("TAGRIX_HTTPS_PORT"); }
 
   WinEventLoop events;
-  WinTcpSocket socket;
+  WinHttpsClient https;
+
+ private:
+  HCERTSTORE store_;  // of the authorities that the current user trusts
+  PCCERT_CONTEXT certificate_ = nullptr;
 };
 
 #else
@@ -78,15 +105,6 @@ struct FilesCase {
 
   FakeFiles files;
   std::wstring folder = L"C:\\Work\\Folder";
-};
-
-struct FtpCase : FilesCase {
-  void Offer(const std::string& path, const std::string& content) { ftp.remote[Widen(path)] = content; }
-  void Silence() { ftp.stall = true; }
-
-  FakeEvents events;
-  FakeFtp ftp{events, files};
-  FtpRequest request;
 };
 
 struct SocketCase {
@@ -106,13 +124,45 @@ struct SocketCase {
   FakeSocket socket{events};
 };
 
+struct FtpCase : FilesCase {
+  void Offer(const std::string& path, const std::string& content) { ftp.remote[Widen(path)] = content; }
+  void Silence() { ftp.stall = true; }
+
+  FakeEvents events;
+  FakeFtp ftp{events, files};
+  FtpRequest request;
+};
+
+struct HttpsCase {
+  HttpsCase() {
+    https.serve = [](const HttpsRequest& request) -> HttpsAnswer {
+      constexpr auto kComplete = HttpsAnswer::End::Complete;
+      const std::string path = FakeCodePage().ToBytes(request.url.substr(Trusted().size()));
+      if (path == "/missing") return {kComplete, 404, 0, "nothing here"};
+      if (path == "/busy") return {kComplete, 503, 3, "slow down"};
+      if (path == "/long") return {kComplete, 200, 0, std::string(3'000'000, 'x')};
+      return {kComplete, 200, 0, path + " for " + FakeCodePage().ToBytes(request.userAgent)};
+    };
+  }
+  static std::wstring Trusted() { return L"https://localhost"; }
+
+  FakeEvents events;
+  FakeHttps https{events};
+};
+
 #endif
 
-inline std::string Content(Files& files, const std::wstring& path) {
-  const auto file = files.OpenForReading(path);
-  std::string content(static_cast<size_t>(file->Size()) + 1, '\0');
-  content.resize(file->Read(0, content.data(), content.size()));
-  return content;
+// Lets events run until the condition holds, at most for so long; returns whether it does. A wait of so many
+// milliseconds ends with the next event.
+template <typename Condition>
+bool Until(EventLoop& events, Condition condition, std::uint64_t milliseconds, int wait = 100) {
+  const auto start = events.TickCount();
+  while (!condition()) {
+    if (events.TickCount() - start >= milliseconds) return false;
+    events.Wait(wait);
+    events.DoEvents();
+  }
+  return true;
 }
 
 }  // namespace tagrix

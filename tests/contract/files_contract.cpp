@@ -14,7 +14,7 @@ class FilesContract : public testing::Test {
  protected:
   std::wstring At(const std::wstring& name) const { return case_.folder + L"\\" + name; }
   void Put(const std::wstring& path, std::string_view content) { files_.Create(path)->Write(0, content); }
-  std::string Content(const std::wstring& path) { return tagrix::Content(files_, path); }
+  std::string Content(const std::wstring& path) { return ReadWholeFile(files_, path); }
   bool Has(const std::wstring& path) { return files_.Find(path).has_value(); }
   // The names that a listing yields, sorted.
   Names Listed(const std::wstring& folder, const std::wstring& pattern = L"*") {

@@ -36,12 +36,8 @@ class FtpContract : public testing::Test {
   }
   // Lets events run for so long, or until the transfer has ended.
   bool Ends(std::uint64_t milliseconds = 60'000) {
-    const auto start = case_.events.TickCount();
-    while (!ended_ && case_.events.TickCount() - start < milliseconds) {
-      case_.events.Wait(100);
-      case_.events.DoEvents();
-    }
-    return ended_;
+    return Until(
+        case_.events, [this] { return ended_; }, milliseconds);
   }
   bool HasLocal() { return case_.files.Find(path_).has_value(); }
   // Downloads; nothing when it failed.
@@ -49,7 +45,7 @@ class FtpContract : public testing::Test {
     Start(remoteFile);
     EXPECT_TRUE(Ends());
     EXPECT_EQ(HasLocal(), complete_);
-    return complete_ ? Content(case_.files, path_) : std::string();
+    return complete_ ? ReadWholeFile(case_.files, path_) : std::string();
   }
 
   FtpCase case_;
@@ -86,7 +82,7 @@ TEST_F(FtpContract, FailsWhereTheServerDoes) {
   EXPECT_EQ(total_, 100'000u);
   case_.request.password = L"wrong";
   EXPECT_EQ(Fetch(L"short.exe"), "");
-  case_.request.port = FtpCase::RefusingPort();
+  case_.request.port = SocketCase::RefusingPort();
   EXPECT_EQ(Fetch(L"short.exe"), "");
 }
 

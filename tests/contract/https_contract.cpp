@@ -1,9 +1,7 @@
 // What every HTTPS client port does: the in-memory twin, and Windows's own with real servers.
-#include <gtest/gtest.h>
-
 #include <utility>
 
-#include "contract/https_case.h"
+#include "contract/cases.h"
 
 namespace tagrix {
 namespace {
@@ -32,12 +30,8 @@ class HttpsContract : public testing::Test {
   }
   // Lets events run for so long, or until the request has ended.
   bool Ends(std::uint64_t milliseconds = 60'000) {
-    const auto start = case_.events.TickCount();
-    while (ends_ == 0 && case_.events.TickCount() - start < milliseconds) {
-      case_.events.Wait(100);
-      case_.events.DoEvents();
-    }
-    return ends_ > 0;
+    return Until(
+        case_.events, [this] { return ends_ > 0; }, milliseconds);
   }
   const HttpsAnswer& Fetch(const std::wstring& url) {
     Start(url);
@@ -119,9 +113,9 @@ TEST_F(HttpsContract, SpeaksPlainHttpWhereToldSoAndThroughAProxy) {
   EXPECT_EQ(Fetch(HttpsCase::Site("TAGRIX_HTTP_PORT", L"http://localhost:") + L"/good").body,
             "/good for Tests/1.0 ( none )");
   request_.proxy = L"localhost";
-  request_.proxyPort = HttpsCase::Port("TAGRIX_HTTP_PORT");
+  request_.proxyPort = Port("TAGRIX_HTTP_PORT");
   EXPECT_TRUE(Fetch(L"http://elsewhere.invalid/good").body.starts_with("http://elsewhere.invalid")) << answer_.body;
-  request_.proxyPort = HttpsCase::Port("TAGRIX_REFUSED_PORT");
+  request_.proxyPort = Port("TAGRIX_REFUSED_PORT");
   EXPECT_EQ(Fetch(HttpsCase::Trusted() + L"/good").end, End::NotReached);
 }
 

@@ -121,6 +121,19 @@ TEST_F(SocketContract, GoesOnSendingUntilItIsCutOff) {
   EXPECT_TRUE(Until([&] { return case_.socket.State() >= SocketState::PeerClosing; }));
 }
 
+TEST_F(SocketContract, FindsWhatNoNoticeTells) {
+  const std::string request = Request("late");
+  ASSERT_TRUE(Asks(request));
+  ASSERT_TRUE(Until([&] { return sends_ > 0; }));
+  for (int round = 0; round < 100; ++round) {  // meanwhile the answer comes, and its notice is lost
+    MSG notice;
+    while (PeekMessageW(&notice, nullptr, WM_APP, 0xBFFF, PM_REMOVE)) continue;
+    case_.events.Wait(10);
+  }
+  EXPECT_EQ(received_, "");
+  EXPECT_TRUE(Until([&] { return received_ == request; }));
+}
+
 TEST_F(SocketContract, TriesEveryAddressOfAName) {
   case_.socket.Connect(L"", 80);
   EXPECT_TRUE(Reaches(SocketState::Error));

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 #include "base/text.h"
@@ -45,18 +46,28 @@ FtpCase::FtpCase() {
   request.user = L"someone";
   request.password = L"secret";
   request.host = L"127.0.0.1";
-  request.port = std::stoi(Place("TAGRIX_FTP_PORT"));
+  request.port = Port("TAGRIX_FTP_PORT");
 }
 
 void FtpCase::Offer(const std::string& path, const std::string& content) {
   std::ofstream("Z:" + Place("TAGRIX_FTP_FOLDER") + path, std::ios::binary) << content;
 }
 
-// The server that echoes speaks only when it is spoken to.
-void FtpCase::Silence() { request.port = SocketCase::EchoingPort(); }
+HttpsCase::HttpsCase()
+    : store_(CertOpenStore(CERT_STORE_PROV_SYSTEM_W, 0, 0, CERT_SYSTEM_STORE_CURRENT_USER, L"Root")) {
+  std::ifstream file("Z:" + Place("TAGRIX_CERTIFICATE"), std::ios::binary);
+  const std::string bytes(std::istreambuf_iterator<char>(file), {});
+  if (!CertAddEncodedCertificateToStore(store_, X509_ASN_ENCODING, reinterpret_cast<const BYTE*>(bytes.data()),
+                                        static_cast<DWORD>(bytes.size()), CERT_STORE_ADD_REPLACE_EXISTING,
+                                        &certificate_) ||
+      !CertControlStore(store_, 0, CERT_STORE_CTRL_COMMIT, nullptr)) {
+    throw std::runtime_error("the trusted certificates can't be changed");
+  }
+}
 
-int FtpCase::RefusingPort() { return std::stoi(Place("TAGRIX_REFUSED_PORT")); }
-
-int SocketCase::EchoingPort() { return std::stoi(Place("TAGRIX_ECHO_PORT")); }
+HttpsCase::~HttpsCase() {
+  CertDeleteCertificateFromStore(certificate_);
+  CertCloseStore(store_, 0);
+}
 
 }  // namespace tagrix

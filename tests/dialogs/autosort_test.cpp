@@ -36,9 +36,8 @@ struct AutoSortTest : testing::Test, TestContext {
   AlbumSession session;
 };
 
-TEST_F(AutoSortTest, HandsOverOnlyWhenConfirmedAndCannotBeClosedWhileItSearches) {
-  const auto look = [&](Form& form, Button& search, Button& ok, ListBox& lst) {
-    EXPECT_FALSE(ok.Enabled());
+TEST_F(AutoSortTest, HandsOverOnlyWhenConfirmedAndClosesAtAnyTime) {
+  const auto leave = [&](Form& form, Button& search, Button& ok, ListBox& lst) {
     events.eachTime = [&] {
       form.RequestClose();
       ok.Click();
@@ -46,7 +45,13 @@ TEST_F(AutoSortTest, HandsOverOnlyWhenConfirmedAndCannotBeClosedWhileItSearches)
     };
     search.Click();
     events.eachTime = nullptr;
-    EXPECT_FALSE(form.Closing());
+    EXPECT_EQ(lst.Value(1), 0) << "it goes on measuring";
+  };
+  EXPECT_EQ(Open(leave), L"cab");
+  const auto look = [&](Form& form, Button& search, Button& ok, ListBox& lst) {
+    EXPECT_FALSE(ok.Enabled() || Find<OptionButton>(form.layout, "Q_rdo").Enabled());
+    search.Click();
+    EXPECT_EQ(form.defaultButton, &ok);
     EXPECT_EQ(Names(lst), L"abc");
     EXPECT_EQ(lst.Value(0), 300);
     form.RequestClose();

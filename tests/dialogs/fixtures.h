@@ -13,10 +13,12 @@
 
 namespace tagrix {
 
-// An MP3 file: one frame header of 32 kbit/s and silence up to the end. At least 64 ms.
+// An MP3 file of silent frames of 32 kbit/s, 24 ms each; the last one is cut where the time is no multiple. From 64 ms.
 inline std::string SmallMp3(int milliseconds) {
-  std::string bytes(static_cast<std::size_t>(milliseconds) * 4, '\0');
-  return bytes.replace(0, 4, std::string("\xFF\xFB\x10\x00", 4));
+  const std::string frame = std::string("\xFF\xFB\x14\x00", 4) + std::string(92, '\0');
+  std::string bytes;
+  for (; milliseconds > 0; milliseconds -= 24) bytes += frame.substr(0, static_cast<std::size_t>(milliseconds) * 4);
+  return bytes;
 }
 
 inline void PressOk(Form& form) { Find<Button>(form.layout, "ok_btn").Click(); }

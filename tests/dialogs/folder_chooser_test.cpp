@@ -7,8 +7,6 @@
 namespace tagrix {
 namespace {
 
-using Paths = std::vector<std::wstring>;
-
 struct FolderChooser : testing::Test, TestContext {
   FolderChooser() {
     for (const wchar_t* path : {L"C:\\M\\b.mp3", L"C:\\M\\a.OGG", L"C:\\M\\notes.txt", L"C:\\M\\mp3", L"C:\\M\\x_mp3",
@@ -25,7 +23,7 @@ struct FolderChooser : testing::Test, TestContext {
     prompts.dialogs.push_back(std::move(user));
     return ChooseFolder(context, mode);
   }
-  Paths Collect(ChooserMode mode, std::function<void(Form&)> user) {
+  Texts Collect(ChooserMode mode, std::function<void(Form&)> user) {
     prompts.dialogs.push_back(std::move(user));
     return ChooseAudioFiles(context, mode, {&known, &alsoKnown});
   }
@@ -45,18 +43,56 @@ TEST_F(FolderChooser, OpensOnTheFolderUsedLast) {
   }
 }
 
+TEST_F(FolderChooser, TakesATypedPathAndOtherPlaces) {
+  const auto typed = [&](const wchar_t* path) {
+    return Choose(ChooserMode::Album, [path](Form& form) {
+      Find<TextBox>(form.layout, "path_txt").Type(path);
+      PressOk(form);
+    });
+  };
+  EXPECT_EQ(typed(L" \"c:\\m\\A\\\" ")->path, L"c:\\m\\A");
+  EXPECT_EQ(LastDir(), L"c:\\m\\A");
+  EXPECT_FALSE(typed(L"C:\\gone"));
+  EXPECT_EQ(prompts.messages, Texts{L"<230> C:\\gone"});
+  files.AddFolder(L"\\\\nas\\music\\Live");
+  EXPECT_EQ(typed(L"\\\\nas\\music\\Live\\")->path, L"\\\\nas\\music\\Live");
+
+  files.AddFolder(files.DesktopFolder());
+  prompts.networkFolder = L"\\\\nas\\music";
+  Choose(ChooserMode::Album, [&](Form& form) {
+    auto& path = Find<TextBox>(form.layout, "path_txt");
+    EXPECT_EQ(path.Text(), L"\\\\nas\\music\\Live") << "used last";
+    const auto go = [&](const char* button) {
+      Find<Button>(form.layout, button).Click();
+      return path.Text();
+    };
+    EXPECT_EQ(go("music_btn"), files.musicFolder);
+    EXPECT_EQ(go("desktop_btn"), files.DesktopFolder());
+    EXPECT_EQ(go("network_btn"), prompts.networkFolder);
+  });
+}
+
+TEST_F(FolderChooser, DroppedFilesAndFoldersGoByTheSameRules) {
+  known.Add(L"C:\\M\\A\\2.ape");
+  const auto among = [&](ChooserMode mode) {
+    return AudioFilesAmong(context, {L"C:\\M\\b.mp3", L"C:\\M\\notes.txt", L"C:\\M\\A", L"C:\\M\\mp3"}, mode, {&known});
+  };
+  EXPECT_EQ(among(ChooserMode::BulkFiles), (Texts{L"C:\\M\\b.mp3", L"C:\\M\\A\\deep\\1.wav", L"C:\\M\\mp3"}));
+  EXPECT_EQ(among(ChooserMode::PlaylistFiles), (Texts{L"C:\\M\\b.mp3", L"C:\\M\\A\\2.ape", L"C:\\M\\A\\deep\\1.wav"}));
+}
+
 TEST_F(FolderChooser, PreviewsTheFilesOfTheChosenFormat) {
   files.AddFolder(L"D:");
   Choose(ChooserMode::SetupFolder, [&](Form& form) {
     auto& preview = Find<ListBox>(form.layout, "file_lst");
     auto& tree = Find<TreeBox>(form.layout, "Dir1");
-    EXPECT_EQ(preview.Texts(), Paths{L"b.mp3"});
+    EXPECT_EQ(preview.Texts(), Texts{L"b.mp3"});
     Find<ComboBox>(form.layout, "format_cmb").Choose(1);
-    EXPECT_EQ(preview.Texts(), Paths{L"a.OGG"});
-    EXPECT_EQ(tree.children(L"C:\\M"), (Paths{L"A", L"album.mp3", L"B"}));
+    EXPECT_EQ(preview.Texts(), Texts{L"a.OGG"});
+    EXPECT_EQ(tree.children(L"C:\\M"), (Texts{L"A", L"album.mp3", L"B"}));
     Find<ComboBox>(form.layout, "Drive1").Choose(1);
     EXPECT_EQ(tree.Path(), L"D:\\");
-    EXPECT_EQ(preview.Texts(), Paths{});
+    EXPECT_EQ(preview.Texts(), Texts{});
   });
 }
 
@@ -76,14 +112,14 @@ TEST_F(FolderChooser, ReturnsTheFolderUnlessCancelled) {
 }
 
 TEST_F(FolderChooser, CollectsAudioFilesBreadthFirstAndAFileTwiceOnlyForAPlaylist) {
-  Paths all{L"C:\\M\\a.OGG", L"C:\\M\\b.mp3", L"C:\\M\\mp3", L"C:\\M\\x_mp3"};
+  Texts all{L"C:\\M\\a.OGG", L"C:\\M\\b.mp3", L"C:\\M\\mp3", L"C:\\M\\x_mp3"};
   EXPECT_EQ(Collect(ChooserMode::BulkFiles, Pick(L"C:\\M")), all);
   all.insert(all.end(), {L"C:\\M\\A\\2.ape", L"C:\\M\\B\\3.wma", L"C:\\M\\A\\deep\\1.wav"});
   EXPECT_EQ(Collect(ChooserMode::BulkFiles, Pick(L"C:\\M", true)), all);
 
   known.Add(L"c:\\m\\B.MP3");
   for (const wchar_t* path : {L"C:\\M\\x_MP3", L"C:\\M\\mp3"}) alsoKnown.Add(path);
-  EXPECT_EQ(Collect(ChooserMode::BurnFiles, Pick(L"C:\\M")), Paths{L"C:\\M\\a.OGG"});
+  EXPECT_EQ(Collect(ChooserMode::BurnFiles, Pick(L"C:\\M")), Texts{L"C:\\M\\a.OGG"});
   // From a drive's root; a playlist takes no name that is nothing but an ending.
   std::erase(all, L"C:\\M\\mp3");
   EXPECT_EQ(Collect(ChooserMode::PlaylistFiles, Pick(L"C:\\", true)), all);
@@ -94,7 +130,7 @@ TEST_F(FolderChooser, TellsWhichFoldersCantBeReadAndReturnsNothingWhenCancelled)
     if (path == L"C:\\M\\A\\") files.FailCall(1);
   };
   EXPECT_EQ(Collect(ChooserMode::BulkFiles, Pick(L"C:\\M", true)).back(), L"C:\\M\\B\\3.wma");
-  EXPECT_EQ(prompts.messages, Paths{L"<228> \r\nC:\\M\\A"});
+  EXPECT_EQ(prompts.messages, Texts{L"<228> \r\nC:\\M\\A"});
   const auto user = [&](Form& form) {
     Pick(L"C:\\M\\A")(form);  // the chosen folder itself: another one may be chosen
     EXPECT_EQ(prompts.messages.size(), 2u);
@@ -107,7 +143,7 @@ TEST_F(FolderChooser, TellsWhichFoldersCantBeReadAndReturnsNothingWhenCancelled)
     Pick(L"C:\\M", true)(form);
     EXPECT_TRUE(form.Closing());
   };
-  EXPECT_EQ(Collect(ChooserMode::BulkFiles, user), Paths{});
+  EXPECT_EQ(Collect(ChooserMode::BulkFiles, user), Texts{});
 }
 
 }  // namespace

@@ -1,11 +1,40 @@
-// The dialogs of one field: a genre out of the list, a track's title.
+// The dialogs that choose files and genres.
 #include <gtest/gtest.h>
 
+#include "dialogs/choose_files.h"
 #include "dialogs/genre_picker.h"
-#include "dialogs/trackedit.h"
 #include "fakes/fakes.h"
 
 namespace tagrix {
+namespace {
+
+TEST(ChooseFiles, KeepsTheOrderAndTheFolderAndLeavesOutWhatHasVanished) {
+  TestContext test;
+  for (const wchar_t* path : {L"C:\\m\\b.mp3", L"C:\\m\\a.mp3", L"C:\\root.mp3"}) test.files.Put(path);
+  const struct {
+    OpenFilesAnswer answer;
+    Texts paths;
+    const wchar_t* lastDir;
+  } cases[] = {{{L"C:\\m", {L"b.mp3", L"a.mp3"}}, {L"C:\\m\\b.mp3", L"C:\\m\\a.mp3"}, L"C:\\m"},
+               {{L"C:\\m", {L"a.mp3"}}, {L"C:\\m\\a.mp3"}, L"C:\\m\\"},
+               {{L"C:\\x", {L"gone.mp3"}}, {}, L"C:\\m\\"},
+               {{L"C:\\m", {L"c.mp3:s"}}, {}, L"C:\\m\\"},
+               {{L"C:\\", {L"root.mp3"}}, {L"C:\\root.mp3"}, L"C:\\"},
+               {{L"C:\\m", {L"gone.mp3", L" ", L"a.mp3", L"c.mp3:s"}}, {L"C:\\m\\a.mp3", L"C:\\m\\c.mp3:s"}, L"C:\\m"}};
+  for (const auto& expected : cases) {
+    test.prompts.openFiles = expected.answer;
+    EXPECT_EQ(ChooseFiles(test.context, {MediaFilter(L"Media files")}), expected.paths);
+    EXPECT_EQ(test.context.settings.Get(setting::kLastDir), expected.lastDir);
+  }
+  EXPECT_EQ(test.prompts.lastRequest.filters[0].label,
+            L"Media files (*.mp3; *.ogg; *.vqf; *.ape; *.mpc; *.wma; *.wav)");
+  for (const auto& [last, opened] :
+       {std::pair(L"C:\\m", L"C:\\m"), {L"C:\\gone", L"C:\\Users\\me\\Music"}, {L"", L"C:\\Users\\me\\Music"}}) {
+    test.context.settings.Put(setting::kPageLastDir, last);
+    ChooseFiles(test.context, {});
+    EXPECT_EQ(test.prompts.lastRequest.folder, opened);
+  }
+}
 
 TEST(ChooseGenre, ListsEveryStyleByCharacterCodeAndTakesWhatIsConfirmed) {
   TestContext test;
@@ -22,7 +51,7 @@ TEST(ChooseGenre, ListsEveryStyleByCharacterCodeAndTakesWhatIsConfirmed) {
   for (const auto& expected : cases) {
     test.prompts.dialogs.emplace_back([&](Form& form) {
       auto& list = Find<ListBox>(form.layout, "List1");
-      EXPECT_EQ(list.Texts(), (std::vector<std::wstring>{L"Blues", L"Pop", L"Pop", L"Rock", L"rock"}));
+      EXPECT_EQ(list.Texts(), (Texts{L"Blues", L"Pop", L"Pop", L"Rock", L"rock"}));
       EXPECT_EQ(list.SelectedIndex(), expected.selected);
       EXPECT_EQ(form.defaultButton->Enabled(), expected.selected >= 0);
       list.ClickItem(expected.clicked);
@@ -32,22 +61,13 @@ TEST(ChooseGenre, ListsEveryStyleByCharacterCodeAndTakesWhatIsConfirmed) {
     ChooseGenre(test.context, genre_txt);
     EXPECT_EQ(genre_txt.Text(), expected.genre);
   }
+  genre_txt.SetText(L"pop ");
+  test.prompts.dialogs.emplace_back([](Form& form) {
+    EXPECT_EQ(Find<ListBox>(form.layout, "List1").SelectedIndex(), 1);
+    form.RequestClose();
+  });
+  ChooseGenre(test.context, genre_txt);
 }
 
-TEST(TrackEdit, WritesTheTrimmedTitleOnOkOnly) {
-  TestContext test;
-  DiscTrack track{L"Title", 1000};
-  for (const bool ok : {false, true}) {
-    test.prompts.dialogs.emplace_back([ok](Form& form) {
-      EXPECT_EQ(Find<TextBox>(form.layout, "name_txt").Text(), L"Title");
-      Find<TextBox>(form.layout, "name_txt").Type(L"  Nine Lives ");
-      Find<Button>(form.layout, ok ? "ok_btn" : "cancel_btn").Click();
-      EXPECT_TRUE(form.Closing());
-    });
-    EXPECT_EQ(EditTrackName(test.context, track), ok);
-    EXPECT_EQ(track.title, ok ? L"Nine Lives" : L"Title");
-    EXPECT_EQ(track.edited, ok);
-  }
-}
-
+}  // namespace
 }  // namespace tagrix

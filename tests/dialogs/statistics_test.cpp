@@ -8,20 +8,10 @@
 namespace tagrix {
 namespace {
 
-// Tells which window is open, for those who close it while it measures.
-struct ShowingPrompts : FakePrompts {
-  void ShowModal(Form& dialog) override {
-    open = &dialog;
-    dialog.shown();
-    EXPECT_TRUE(dialog.Closing());
-  }
-  Form* open = nullptr;
-};
-
 struct StatisticsTest : testing::Test, TestContext {
   StatisticsTest() {
     session.folder = L"C:\\m";
-    files.Put(L"C:\\m\\a.mp3", SmallMp3(1500));
+    files.Put(L"C:\\m\\a.mp3", SmallMp3(1512));
     files.Put(L"C:\\m\\noise.mp3", std::string(4000, 'x'));
     files.Put(L"C:\\m\\b.mp3", SmallMp3(6000));
     session.files = {{L"a.mp3", 7}, {L"noise.mp3", 7}, AlbumFile::Fake(), {L"gone.mp3", 7}, {L"b.mp3", 7}};
@@ -42,22 +32,21 @@ TEST_F(StatisticsTest, MeasuresEveryFileAndShowsTheDeviations) {
     EXPECT_EQ(places.cell(0, 5), L"+0.5 s");
     EXPECT_EQ(places.cell(1, 5), TestText(message::kUnmeasured));
     EXPECT_EQ(places.cell(2, 5), TestText(message::kWithoutFile));
-    const wchar_t* last[] = {L"5", L"b.mp3", L"0:06", L"Title", L"0:01", L"+5.0 s"};
+    const wchar_t* last[] = {L"5", L"b.mp3", L"0:06", L"Title", L"0:01", L"\u25B2 +5.0 s <292>"};
     for (int column = 0; column < 6; ++column) EXPECT_EQ(places.cell(4, column), last[column]);
     PressOk(form);
   });
   ShowStatistics(context, session);
-  const int times[] = {1500, 0, 0, 0, 6000};
+  const int times[] = {1512, 0, 0, 0, 6000};
   for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(session.files[i].milliseconds, times[i]) << i;
   EXPECT_TRUE(prompts.messages.empty());
 }
 
 TEST_F(StatisticsTest, StopsMeasuringWhenItIsClosed) {
-  ShowingPrompts showing;
-  events.eachTime = [&] { showing.open->RequestClose(); };
-  Context other{Ports{files, registry, codePage, events, clock, shell, showing, socket, ftp, https}, L"C:\\Tagrix"};
-  ShowStatistics(other, session);
-  EXPECT_EQ(session.files[0].milliseconds, 1500);
+  events.eachTime = [&] { prompts.open->RequestClose(); };
+  prompts.dialogs.emplace_back([](Form& form) { EXPECT_TRUE(form.Closing()); });
+  ShowStatistics(context, session);
+  EXPECT_EQ(session.files[0].milliseconds, 1512);
   EXPECT_EQ(session.files[4].milliseconds, 0);
 }
 

@@ -4,9 +4,8 @@
 #include <nlohmann/json.hpp>
 
 #include "discserver/cddb.h"
-#include "discserver/disc_server.h"
+#include "discserver/fixtures.h"
 #include "discserver/freedb_page.h"
-#include "discserver/import.h"
 #include "discserver/lucene.h"
 #include "discserver/musicbrainz.h"
 #include "discserver/search.h"
@@ -30,7 +29,7 @@ struct Answers : testing::Test {
     add("0000dd03", "Zither / Some Other Thing Entirely Long");
     add("47013c08", "Twin / Id");
     writer.Finish();
-    Import({TAGRIX_RECORDS}, folder / "discs.db", [](const ImportCounts&) {});
+    ImportInto(folder / "discs.db", TAGRIX_RECORDS);
     return folder / "discs.db";
   }
   std::string Found(const Query& query) {
@@ -124,6 +123,11 @@ TEST_F(Answers, GatewayReplies) {
       {"cddb query 47013c08 1 150 300", "4", "210 ", "data 47013c08 Twin / Id\r\nrock 47013c08 The"},
       {"cddb query 47013c08 1 150 300", "3", "211 ", "\r\n.\r\n"},
       {"cddb query ffffffff 1 150 300", "6", "202 ", "\r\n"},
+      {"ver", "6", "200 ", "xmcd"},
+      {"help", "1", "210 ", "MOTD"},
+      {"motd", "6", "401 ", "\r\n"},
+      {"cddb", "6", "500 ", "Unrecognized"},
+      {"cddb write", "6", "500 ", "Unrecognized"},
       {"cddb lscat", "6", "210 ", "\r\nmisc\r\n"},
       {"stat", "6", "210 ", "Database entries: 17\r\n"},
       {"sites", "6", "210 ", "\r\nbox http 18080 /~cddb/cddb.cgi N000.00"},

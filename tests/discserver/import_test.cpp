@@ -4,19 +4,20 @@
 #include <archive.h>
 #include <archive_entry.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <csignal>
+#include <array>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
 #include "discserver/archive_reader.h"
-#include "discserver/disc_server.h"
+#include "discserver/fixtures.h"
 #include "discserver/store.h"
 
 namespace discserver {
 namespace {
+
+using Counts = std::array<std::int64_t, 4>;
 
 struct File {
   std::string path, content, linkTo = {};
@@ -53,10 +54,10 @@ std::string Bytes(const std::string& path) {
 }
 
 struct Importing : testing::Test {
-  std::string Run(const std::string& archive) {
-    const ImportCounts counts = Import({archive}, folder / "discs.db", [](const ImportCounts&) {});
-    return std::to_string(counts.added) + " added, " + std::to_string(counts.revised) + " revised, " +
-           std::to_string(counts.known) + " known, " + std::to_string(counts.skipped) + " skipped";
+  // How many records are added, revised and known, and how many files are skipped.
+  Counts Take(const std::string& archive) {
+    const ImportCounts counts = ImportInto(folder / "discs.db", archive);
+    return {counts.added, counts.revised, counts.known, counts.skipped};
   }
   std::string Title(const std::string& category, const std::string& id) {
     const auto record = Store(folder / "discs.db").Find(category, id);
@@ -82,7 +83,7 @@ TEST_F(Importing, ReadsBothLayoutsAllPackingsAndEncodings) {
       {"freedb/Rock Music/0000aa07", Xmcd("No / Category")}};
   for (const char* name : {"a.tar", "a.tar.bz2", "a.tar.gz"}) {
     std::filesystem::remove(folder / "discs.db");
-    EXPECT_EQ(Run(Pack(folder / name, files)), "6 added, 0 revised, 0 known, 4 skipped") << name;
+    EXPECT_EQ(Take(Pack(folder / name, files)), (Counts{6, 0, 0, 4})) << name;
     EXPECT_EQ(Title("rock", "0000aa01"), "Caf\u00E9 / Latin");
     EXPECT_EQ(Title("rock", "0000aa04"), "Caf\u00E9 / Unicode");
     EXPECT_EQ(Title("jazz", "0000bb02"), "Many / Two");
@@ -96,16 +97,15 @@ TEST_F(Importing, ReadsBothLayoutsAllPackingsAndEncodings) {
 
 TEST_F(Importing, ChangesNothingTheSecondTimeAndTakesHigherRevisionsOnly) {
   const std::string first = Pack(folder / "1.tar", {{"rock/0000aa01", Xmcd("Old / Title", 3)}});
-  EXPECT_EQ(Run(first), "1 added, 0 revised, 0 known, 0 skipped");
+  EXPECT_EQ(Take(first), (Counts{1, 0, 0, 0}));
   const std::string before = Bytes(folder / "discs.db");
-  EXPECT_EQ(Run(first), "0 added, 0 revised, 1 known, 0 skipped");
+  EXPECT_EQ(Take(first), (Counts{0, 0, 1, 0}));
   EXPECT_EQ(Bytes(folder / "discs.db"), before);
-  EXPECT_EQ(Run(Pack(folder / "2.tar", {{"rock/0000aa01", Xmcd("Lower / Revision", 2)}})),
-            "0 added, 0 revised, 1 known, 0 skipped");
+  EXPECT_EQ(Take(Pack(folder / "2.tar", {{"rock/0000aa01", Xmcd("Lower / Revision", 2)}})), (Counts{0, 0, 1, 0}));
   // Newer ones in one go, as many layouts repeat a disc.
-  EXPECT_EQ(Run(Pack(folder / "3.tar",
-                     {{"rock/0000aa01", Xmcd("Longer / Than before", 4)}, {"rock/0000aa01", Xmcd("New / Title", 5)}})),
-            "0 added, 2 revised, 0 known, 0 skipped");
+  EXPECT_EQ(Take(Pack(folder / "3.tar",
+                      {{"rock/0000aa01", Xmcd("Longer / Than before", 4)}, {"rock/0000aa01", Xmcd("New / Title", 5)}})),
+            (Counts{0, 2, 0, 0}));
   EXPECT_EQ(Title("rock", "0000aa01"), "New / Title");
   EXPECT_EQ(Found("title"), 1U);
   EXPECT_EQ(Found("old") + Found("longer"), 0U);
@@ -140,11 +140,11 @@ TEST_F(Importing, KeepsWhatStandsBeforeDamage) {
     }
   }
   std::ofstream(folder / "cut.tar", std::ios::binary) << Bytes(folder / "a.tar").substr(0, 1700);
-  EXPECT_THROW(Run(folder / "cut.tar"), std::runtime_error);
+  EXPECT_THROW(Take(folder / "cut.tar"), std::runtime_error);
   EXPECT_EQ(Title("rock", "0000aa01"), "A / One");
-  EXPECT_THROW(Run(folder / "missing.tar"), std::runtime_error);
+  EXPECT_THROW(Take(folder / "missing.tar"), std::runtime_error);
   std::ofstream(folder / "other.db") << "something else";
-  EXPECT_THROW(Import({folder / "a.tar"}, folder / "other.db", [](const ImportCounts&) {}), std::runtime_error);
+  EXPECT_THROW(ImportInto(folder / "other.db", folder / "a.tar"), std::runtime_error);
 }
 
 TEST_F(Importing, GoesOnAfterAKill) {
@@ -156,15 +156,13 @@ TEST_F(Importing, GoesOnAfterAKill) {
     many += "#FILENAME=" + std::string(id) + "\n" + Xmcd("Artist " + std::to_string(i % 100) + " / Disc");
   }
   const std::string archive = Pack(folder / "many.tar", {{"rock/many", many}});
+  const std::string import = "import --database " + (folder / "discs.db") + " " + archive;
   int killed = 0;
-  for (useconds_t wait = 2000; wait < 1'000'000 && killed < 6; wait = wait * 5 / 2) {
-    Program import({"import", "--database", folder / "discs.db", archive});
-    usleep(wait);
-    import.Signal(SIGKILL);
-    if (import.Wait() == -SIGKILL) ++killed;
+  for (double wait = 0.002; wait < 1 && killed < 6; wait *= 2.5) {
+    if (RunProgram(import, "timeout -s KILL " + std::to_string(wait)) != 0) ++killed;
   }
   EXPECT_GT(killed, 1);
-  EXPECT_EQ(Program({"import", "--database", folder / "discs.db", archive}).Wait(), 0);
+  EXPECT_EQ(RunProgram(import), 0);
   Store store(folder / "discs.db");
   EXPECT_EQ(store.Categories()["rock"], kDiscs);
   EXPECT_EQ(store.Match("disc", kDiscs * 2).size(), static_cast<std::size_t>(kDiscs));

@@ -49,7 +49,10 @@ class FakeFiles::OpenFile : public File {
     entry_.content.replace(at, bytes.size(), bytes);
     entry_.info.size = entry_.content.size();
   }
-  void Flush() override { files_.Call(Action::Write, path_); }
+  void Flush() override {
+    files_.Call(Action::Write, path_);
+    entry_.flushed = entry_.content;
+  }
 
  private:
   FakeFiles& files_;
@@ -63,7 +66,7 @@ void FakeFiles::Put(const std::wstring& path, std::string content) {
   Entry& entry = entries_[path];
   if (entry.info.name.empty()) entry.info.name = FileNamePart(path);
   entry.info.size = content.size();
-  entry.content = std::move(content);
+  entry.content = entry.flushed = std::move(content);
 }
 
 std::string FakeFiles::Content(const std::wstring& path) const {
@@ -101,7 +104,25 @@ std::vector<std::wstring> FakeFiles::AllFiles() const {
 
 void FakeFiles::Call(Action action, const std::wstring& path) {
   if (beforeCall) beforeCall(path);
-  if (failAt_ > 0) Check(--failAt_ > 0, action, path);
+  if (failAt_ == 0) return;
+  const bool fails = failAt_ == 1;
+  if (!fails || !dies_) --failAt_;
+  Check(!fails, action, path);
+}
+
+void FakeFiles::Restart(Unflushed unflushed) {
+  failAt_ = 0;
+  dies_ = false;
+  for (auto& [path, entry] : entries_) {
+    const std::size_t half = entry.content.size() / 2;
+    std::string old = entry.flushed;
+    if (unflushed != Unflushed::Lost && unflushed != Unflushed::Kept) old.resize(entry.content.size());
+    if (unflushed == Unflushed::Lost) entry.content = old;
+    if (unflushed == Unflushed::FirstHalf) entry.content.replace(half, std::string::npos, old, half);
+    if (unflushed == Unflushed::SecondHalf) entry.content.replace(0, half, old, 0, half);
+    entry.flushed = entry.content;
+    entry.info.size = entry.content.size();
+  }
 }
 
 FakeFiles::Entry& FakeFiles::Need(Action action, const std::wstring& path, bool folder) {

@@ -32,6 +32,15 @@ class FakeFiles : public Files {
 
   // Fails the n-th call from now (1: the next one) of those that may throw; 0 never fails.
   void FailCall(int n) { failAt_ = n; }
+  // From that call on nothing happens any more, as after a crash: all of them fail.
+  void Die(int n) {
+    failAt_ = n;
+    dies_ = true;
+  }
+  // The machine starts again after a crash. Of what was written and not flushed nothing is there, or all, or what lies
+  // in one half of its file.
+  enum class Unflushed { Lost, Kept, FirstHalf, SecondHalf };
+  void Restart(Unflushed unflushed);
   // Runs before each call that may throw: tests use it to change things in the middle of an operation.
   std::function<void(const std::wstring& path)> beforeCall;
   std::wstring musicFolder = L"C:\\Users\\me\\Music";
@@ -49,12 +58,13 @@ class FakeFiles : public Files {
   std::vector<std::wstring> Drives() override;
   bool HasVolumeLabel(const std::wstring& drive) override;
   std::wstring MusicFolder() override { return musicFolder; }
+  std::wstring DesktopFolder() override { return L"C:\\Desktop"; }
 
  private:
   class OpenFile;
   struct Entry {
     FileInfo info;
-    std::string content;
+    std::string content, flushed;
     bool labelled = false;  // a drive
     int open = 0;           // how often a file is open,
     bool writing = false;   // and whether once of them for writing
@@ -67,6 +77,7 @@ class FakeFiles : public Files {
 
   std::map<std::wstring, Entry, LessIgnoringCase> entries_;  // by path, drive roots as "C:"
   int failAt_ = 0;
+  bool dies_ = false;
 };
 
 }  // namespace tagrix

@@ -1,33 +1,20 @@
 #include "fakes/fakes.h"
 
+#include <set>
+
 #include "core/messages.h"
 
 namespace tagrix {
-namespace {
-
-// What bytes 0x80 to 0x9F stand for.
-constexpr std::wstring_view kFrom80 =
-    L"\u20AC\x81\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\x8D\u017D\x8F"
-    L"\x90\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\x9D\u017E\u0178";
-
-}  // namespace
 
 std::string FakeCodePage::ToBytes(std::wstring_view text) {
   std::string bytes;
-  bytes.reserve(text.size());
-  for (const wchar_t c : text) {
-    const auto from80 = c < 0x80 ? kFrom80.npos : kFrom80.find(c);
-    bytes += static_cast<char>(from80 != kFrom80.npos ? from80 + 0x80 : c < 256 ? static_cast<size_t>(c) : L'?');
-  }
+  for (const wchar_t c : text) bytes += c < 256 ? static_cast<char>(c) : '?';
   return bytes;
 }
 
 std::wstring FakeCodePage::ToText(std::string_view bytes) {
   std::wstring text;
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    text += byte >= 0x80 && byte < 0xA0 ? kFrom80[byte - 0x80] : static_cast<wchar_t>(byte);
-  }
+  for (const char c : bytes) text += static_cast<unsigned char>(c);
   return text;
 }
 
@@ -63,6 +50,7 @@ bool FakePrompts::Question(const std::wstring& text) {
 
 void FakePrompts::ShowModal(Form& dialog) {
   shown.push_back(dialog.name);
+  open = &dialog;
   if (dialog.shown) dialog.shown();
   if (!dialogs.empty()) {
     const auto work = std::move(dialogs.front());
@@ -124,35 +112,35 @@ void FakeFtp::Download(const FtpRequest& request) {
 }
 
 TestContext::TestContext() {
-  constexpr int kMore = 100;
+  constexpr int kMore = 200;
   for (int n = 0; n < message::kCount; ++n) context.language.lng_lst.push_back(TestText(n));
   for (int n = 0; n < kMore; ++n) context.language.more.push_back(TestText(message::kFirstMore + n));
 }
 
 std::wstring TestText(int n) {
-  static const std::map<int, std::wstring> placeholders = {{message::kRenameFailed, L" %%FIC%%"},
-                                                           {message::kContactingSource, L" %%1%%"},
-                                                           {message::kNotReached, L" %%1%%"},
-                                                           {message::kRefused, L" %%1%% %%2%%"},
-                                                           {message::kNoDiscAnswer, L" %%1%%"},
-                                                           {message::kReadOnly, L" %%1%%"},
-                                                           {message::kNewVersion, L" %%1%%"},
-                                                           {message::kDownloadComplete, L" %%1%%"},
-                                                           {message::kInstallerNotStarted, L" %%1%%"},
-                                                           {message::kAuthors, L" %%1%%"},
-                                                           {message::kVerdictFileMissing, L" %%1%%"},
-                                                           {message::kVerdictFileTooMany, L" %%1%%"},
-                                                           {message::kApplyClash, L" %%1%% %%2%%"},
-                                                           {message::kUndoClash, L" %%1%% %%2%%"},
-                                                           {message::kBulkSummary, L" %%1%% %%2%%"},
-                                                           {message::kMeasuring, L" %%1%% %%2%%"},
-                                                           {message::kVersion, L" %%1%%.%%2%%.%%3%%"},
-                                                           {message::kTagFailure, L" %%1%% %%2%%"},
-                                                           {message::kFoldersNotRead, L" %%1%%"},
-                                                           {message::kNoSuchFolder, L" %%1%%"},
-                                                           {message::kUpToDate, L" %%1%% %%2%%.%%3%%.%%4%%"}};
-  const auto found = placeholders.find(n);
-  return L"<" + std::to_wstring(n) + L">" + (found == placeholders.end() ? L"" : found->second);
+  using namespace message;
+  // The texts with one placeholder, and those with two.
+  static const std::set<int> one = {kContactingSource, kNotSecure,          kNotReached,         kNoDiscAnswer,
+                                    kReadOnly,         kNewVersion,         kDownloadComplete,   kInstallerNotStarted,
+                                    kAuthors,          kVerdictFileMissing, kVerdictFileTooMany, kFoldersNotRead,
+                                    kNoSuchFolder,     kOverwritesEnd,      kPlaylistWritten,    kPlaylistExists,
+                                    kOverwritePlaylist},
+                             two = {kRefused, kApplyClash, kUndoClash, kBulkSummary, kMeasuring, kTagFailure};
+  const int count = one.contains(n)        ? 1
+                    : two.contains(n)      ? 2
+                    : n == kVersion        ? 3
+                    : n == kUpToDate       ? 4
+                    : n == kAppliedFigures ? 5
+                                           : 0;
+  std::wstring text = L"<" + std::to_wstring(n) + (n == kRenameFailed ? L"> %%FIC%%" : L">");
+  for (int i = 1; i <= count; ++i) text += L" %%" + std::to_wstring(i) + L"%%";
+  return text;
+}
+
+std::string LanguageFile(int lines, const std::string& word) {
+  std::string text;
+  for (int n = 0; n < lines; ++n) text += "000" + word + std::to_string(n) + "\r\n";
+  return text;
 }
 
 }  // namespace tagrix

@@ -7,14 +7,18 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
 #include "base/letter_case.h"
 #include "core/context.h"
 #include "fakes/fake_files.h"
+#include "sources/disc_source.h"
 
 namespace tagrix {
+
+using Texts = std::vector<std::wstring>;
 
 class FakeRegistry : public Registry {
  public:
@@ -32,7 +36,7 @@ class FakeRegistry : public Registry {
   std::map<Hive, std::map<std::wstring, std::wstring, LessIgnoringCase>> values_;
 };
 
-// Windows-1252; everything else becomes "?".
+// Latin-1; everything else becomes "?".
 class FakeCodePage : public CodePage {
  public:
   std::string ToBytes(std::wstring_view text) override;
@@ -71,9 +75,19 @@ class FakeShell : public Shell {
     return true;
   }
   std::unique_ptr<Process> Start(const std::wstring& program, const std::wstring& commandLine) override;
+  bool OpenFile(const std::wstring& path) override {
+    opened.push_back(path);
+    return true;
+  }
+  bool ShowInFolder(const std::wstring& path) override {
+    shown.push_back(path);
+    return true;
+  }
+  void CopyText(const std::wstring& text) override { copied = text; }
   void PlaySoundFile(const std::wstring& path) override { sounds.push_back(path); }
 
-  std::vector<std::wstring> links, programs, commandLines, sounds;
+  std::wstring copied;
+  std::vector<std::wstring> opened, shown, links, programs, commandLines, sounds;
   bool canStart = true;
   int runsFor = 0;  // how often Running() answers true
 };
@@ -90,9 +104,13 @@ class FakePrompts : public Prompts {
     return openFiles;
   }
 
+  std::wstring ChooseNetworkFolder() override { return networkFolder; }
+
+  std::wstring networkFolder;
   std::vector<std::wstring> messages;   // shown, in order
   std::vector<std::wstring> questions;  // asked, in order
   std::vector<std::string> shown;       // names of the dialogs shown
+  Form* open = nullptr;                 // the dialog shown last
   std::deque<bool> answers;
   std::deque<std::function<void(Form&)>> dialogs;
   OpenFilesAnswer openFiles;
@@ -188,8 +206,21 @@ struct TestContext {
   Context context{Ports{files, registry, codePage, events, clock, shell, prompts, socket, ftp, https}, L"C:\\Tagrix"};
 };
 
+// Discs are alike when they are in all that a source gives.
+inline bool operator==(const DiscTrack& a, const DiscTrack& b) { return a.title == b.title && a.frames == b.frames; }
+inline bool operator==(const Disc& a, const Disc& b) {
+  return std::tie(a.artist, a.album, a.genre, a.year, a.tracks) ==
+         std::tie(b.artist, b.album, b.genre, b.year, b.tracks);
+}
+inline bool operator==(const DiscHit& a, const DiscHit& b) {
+  return std::tie(a.title, a.category, a.id) == std::tie(b.title, b.category, b.id);
+}
+
 // What message `n` is in a TestContext.
 std::wstring TestText(int n);
+
+// The bytes of a file of so many lines, each the word and its number.
+std::string LanguageFile(int lines, const std::string& word);
 
 template <typename Kind>
 Kind* FindIn(const Node& tree, const std::string& name) {

@@ -16,13 +16,10 @@ struct QuietProgress : Progress {
   void LetEventsRun() override {
     if (eachTime) eachTime();
   }
-  void Pass(std::wstring_view item) override {
-    passed.emplace_back(item);
-    LetEventsRun();
-  }
+  void Pass(std::wstring_view) override { LetEventsRun(); }
   bool Cancelled() const override { return cancelled; }
 
-  std::vector<std::wstring> texts, passed;
+  std::vector<std::wstring> texts;
   std::vector<int> percents;
   std::function<void()> eachTime;  // when events run
   bool cancelled = false;

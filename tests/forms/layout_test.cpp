@@ -129,6 +129,11 @@ TEST(Layout, FramesGovernWhatIsInThemAndHiddenPartsTakeNoRoomNorGap) {
   EXPECT_FALSE(places.at("second").visible || places.at("second").enabled);
 }
 
+TEST(Layout, AnEmptyRowTakesTheRoomItIsGiven) {
+  Button button("button");
+  EXPECT_EQ(Places(Row({MinSize(14, 0, Row({})), Stretch(1, button)}), {200, 23}).at("button").rect.x, 14 + 6);
+}
+
 TEST(Layout, AStackIsAsLargeAsItsLargestPageShownOrNot) {
   Frame page("page"), otherPage("other_page");
   Button small("small");

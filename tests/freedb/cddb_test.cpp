@@ -101,6 +101,10 @@ TEST(DiscRecord, IsNothingElse) {
                                 kReply + "TTITLE0=no disc title\r\n.\r\n"};
   for (const std::string& body : bodies) EXPECT_FALSE(ParseDiscRecord(kHeaders + body)) << body;
   EXPECT_FALSE(ParseDiscRecord(whole));
+  const std::string answer = kHeaders + whole;
+  ASSERT_TRUE(ParseDiscRecord(answer));
+  const std::size_t dot = answer.size() - 3;  // what is cut behind it is whole
+  for (std::size_t cut = 0; cut <= dot; ++cut) EXPECT_FALSE(ParseDiscRecord(answer.substr(0, cut))) << cut;
 }
 
 // Would take hours, or all memory, if each title searched or copied the rest of the record.

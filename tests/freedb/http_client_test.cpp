@@ -83,6 +83,21 @@ TEST_F(Http, ConnectsAsTheSettingsSay) {
     EXPECT_EQ(test.socket.host, host);
     EXPECT_EQ(test.socket.port, port);
   }
+  const struct {
+    const wchar_t *url, *host;
+    int port;
+  } own[] = {{L"http://h:65535/", L"h", 65535},
+             {L"http://h:65536/", L"h:65536", 81},
+             {L"http://h:8x/", L"h:8x", 81},
+             {L"http://h:/", L"h:", 81},
+             {L"http://[::1]/", L"[::1]", 81}};
+  test.context.settings.Put(setting::kHttpPort, L"81");
+  for (const auto& [url, host, port] : own) {
+    EXPECT_EQ(Get(url), kOk);
+    EXPECT_EQ(test.socket.host, host);
+    EXPECT_EQ(test.socket.port, port);
+  }
+  EXPECT_NE(test.socket.requests.at(5).find("\r\nHost: h:65535\r\n"), std::string::npos);
   test.context.settings.Put(setting::kHttpPort, L"32768");
   EXPECT_THROW(Get(L"http://h/"), Failure);
 }

@@ -60,7 +60,9 @@ TEST(Diagnose, SaysWhatTheDifferencesMean) {
     int place = 0;
   } cases[] = {
       {"-/100 50/-", Verdict::Nothing},
-      {"100/98 0/200 -/150", Verdict::Fits},
+      {"100/98 0/200", Verdict::Fits},
+      {"100/98 0/200 -/150", Verdict::TracksWithoutFile},
+      {"100/98 150/-", Verdict::FilesWithoutTrack},
       {"150/100 100/150 250/200 200/250 999/300", Verdict::OtherOrder},  // and one in five another recording
       {"100/100 300/150" + four, Verdict::PartlyFits},                   // most fit whatever the order
       {"100/100 200/150 250/200 -/250", Verdict::FileMissing, 1},

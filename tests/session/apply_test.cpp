@@ -10,15 +10,13 @@
 namespace tagrix {
 namespace {
 
-using Texts = std::vector<std::wstring>;
-
 std::string Mark(const std::wstring& name) { return "<" + std::string(name.begin(), name.end()) + ">"; }
 
 // Writes down what it is told.
 struct Diary : ApplyWatcher {
   void Tell(const Incident& incident) override {
-    static constexpr const wchar_t* kTroubles[] = {L"read-only ", L"not tagged ", L"not replaced ", L"taken ",
-                                                   L"not renamed "};
+    static constexpr const wchar_t* kTroubles[] = {L"read-only ",   L"not tagged ", L"not replaced ", L"taken ",
+                                                   L"not renamed ", L"aside ",      L"utf-8 "};
     entries.push_back(kTroubles[static_cast<int>(incident.trouble)] + incident.name +
                       (incident.target.empty() ? L"" : L" > ") + incident.target);
     if (incident.failure != nullptr) causes.push_back(incident.failure->Why());
@@ -29,7 +27,14 @@ struct Diary : ApplyWatcher {
     return mayReplace;
   }
 
+  std::optional<TagStyle> ChooseTagStyle(const TagStyleReasons& told) override {
+    reasons.push_back(told);
+    return style;
+  }
+
   Texts entries;
+  std::vector<TagStyleReasons> reasons;
+  std::optional<TagStyle> style = TagStyle::Classic;
   std::vector<Cause> causes;
   std::vector<int> changed;
   bool mayReplace = true;
@@ -101,6 +106,7 @@ TEST_F(ApplySession, TagsRenamesAndListsEveryFileButFakes) {
   EXPECT_EQ(progress.percents, (std::vector<int>{0, 33, 66, 100}));
 
   EXPECT_EQ(Undo(), Undone::All);  // the fake is passed over
+  EXPECT_EQ(progress.texts.back(), L"C:\\M\\Live\\03 Three.mp3");
   EXPECT_EQ(Listed(), (Texts{L"b.mp3", L"**FAKE TRACK**", L"a.mp3"}));
 }
 
@@ -208,6 +214,50 @@ TEST_F(ApplySession, AsksBeforeItReplacesAPlaylistWhichTheFolderNamesWhenThePatt
     EXPECT_EQ(Content(L"Live.m3u"), may ? "a.mp3\r\n" : "before");
   }
   EXPECT_EQ(diary.entries.size(), 2u);
+}
+
+TEST_F(ApplySession, AsksOnceHowToTagWhereThatMatters) {
+  order.id3v1 = order.id3v2 = true;
+  order.rename = order.playlist = false;
+  const std::string end = "TAG" + std::string(125, ' ');
+  for (const wchar_t* name : {L"a.mp3", L"b.mp3", L"c.mp3", L"d.mp3"}) {
+    File(name, name == std::wstring(L"c.mp3") ? std::wstring(127, L'x') : L"Title");
+    files.Put(AlbumPath(session, name), Content(name) + end);
+  }
+  const std::string picture = "ID3\3" + std::string(5, '\0') + "\x0C" + "APIC" + std::string("\0\0\0\2\0\0", 6) + "jp";
+  files.Put(L"C:\\M\\Live\\b.mp3", picture + Content(L"b.mp3"));
+  files.Put(L"C:\\M\\Live\\d.mp3", std::string(500, 'd'));
+  files.SetReadOnly(L"C:\\M\\Live\\d.mp3");
+  session.journal.Record(L"former");
+
+  diary.style = std::nullopt;  // the user cancels, and all is as it was
+  const std::string before = Content(L"b.mp3");
+  EXPECT_FALSE(ApplyAll());
+  EXPECT_EQ(Content(L"b.mp3"), before);
+  EXPECT_EQ(session.journal.Count(), 1);
+
+  diary.style = TagStyle::Standard;
+  EXPECT_TRUE(ApplyAll());
+  const TagStyleReasons reasons{.dropsFrames = 1, .oldTag = 1, .longText = 1};
+  EXPECT_TRUE(diary.reasons == std::vector(2, reasons));
+  EXPECT_TRUE(Content(L"a.mp3").starts_with("ID3\3" + std::string(5, '\0')));  // where nothing matters, as ever
+  EXPECT_EQ(Content(L"a.mp3").find(std::string(50, '\0')), std::string::npos);
+  EXPECT_NE(Content(L"b.mp3").find("APIC"), std::string::npos);
+  EXPECT_NE(Content(L"c.mp3").find(std::string(1000, '\0')), std::string::npos);  // padding
+
+  order.tagStyle = TagStyle::Classic;
+  ApplyAll();
+  EXPECT_EQ(diary.reasons.size(), 2u);
+  EXPECT_EQ(Content(L"b.mp3").find("APIC"), std::string::npos);
+}
+
+TEST_F(ApplySession, PutsNamesOutsideTheCodePageIntoAPlaylistInUtf8) {
+  order.playlist = true;
+  File(L"\x4E00.mp3", L"One");
+  files.Put(L"C:\\M\\Live\\Live.m3u", "another");
+  ApplyAll();
+  EXPECT_EQ(Content(L"Live.m3u8"), "\xE4\xB8\x80.mp3\r\n");
+  EXPECT_EQ(diary.entries, Texts{L"utf-8 Live.m3u8"});
 }
 
 TEST_F(ApplySession, UndoPairsPositionsWhateverWasMovedAndOverwritesNothing) {

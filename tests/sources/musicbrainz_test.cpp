@@ -80,51 +80,33 @@ class MusicBrainz : public testing::Test {
 TEST_F(MusicBrainz, EveryMediumIsAHit) {
   Answers(Ok(kFound));
   EXPECT_EQ(Search().answer, Answer::Given);
-  const struct {
-    const wchar_t *title, *number;
-    wchar_t id;
-  } table[] = {{L"Orvin & The Band / Caf\u00e9 \U0001F600 (1998, DE, CD 1 of 3, 14 tracks)", L"1", L'1'},
-               {L"Orvin & The Band / Caf\u00e9 \U0001F600 (1998, DE, DVD-Video 2 of 3, 1 track)", L"2", L'1'},
-               {L"Orvin & The Band / Caf\u00e9 \U0001F600 (1998, DE, Disc 3 of 3, 12 tracks)", L"3", L'1'},
-               {L"A / Plain (9 tracks)", L"1", L'2'},
-               {L"Bare", L"1", L'3'}};
-  ASSERT_EQ(hits_.size(), std::size(table));
-  for (std::size_t i = 0; i < std::size(table); ++i) {
-    EXPECT_EQ(hits_[i].title, table[i].title);
-    EXPECT_EQ(hits_[i].category, table[i].number);
-    EXPECT_EQ(hits_[i].id.back(), table[i].id);
-  }
+  const std::wstring first = L"aaaaaaaa-0000-4000-8000-000000000001",
+                     cafe = L"Orvin & The Band / Caf\u00e9 \U0001F600 ";
+  EXPECT_EQ(hits_, (std::vector<DiscHit>{{cafe + L"(1998, DE, CD 1 of 3, 14 tracks)", L"1", first},
+                                         {cafe + L"(1998, DE, DVD-Video 2 of 3, 1 track)", L"2", first},
+                                         {cafe + L"(1998, DE, Disc 3 of 3, 12 tracks)", L"3", first},
+                                         {L"A / Plain (9 tracks)", L"1", L"aaaaaaaa-0000-4000-8000-000000000002"},
+                                         {L"Bare", L"1", L"aaaaaaaa-0000-4000-8000-000000000003"}}));
 }
 
 TEST_F(MusicBrainz, AMediumIsADisc) {
   Answers(Ok(kRelease));
   EXPECT_EQ(Read(L"2").answer, Answer::Given);
-  ASSERT_TRUE(disc_);
-  EXPECT_EQ(disc_->artist, L"Orvin & The Band");
-  EXPECT_EQ(disc_->album, L"Caf\u00e9");
-  EXPECT_EQ(disc_->genre, L"trip hop");
-  EXPECT_EQ(disc_->year, L"1998");
-  const struct {
-    const wchar_t* title;
-    std::int32_t frames;
-  } table[] = {{L"Own", 15001},  // 15000.525
-               {L"G feat. H / Guest", 4500},
-               {L"Silently", 0},
-               {L"Wrong", 0},
-               {L"Endless", 150'000'000}};
-  ASSERT_EQ(disc_->tracks.size(), std::size(table));
-  for (std::size_t i = 0; i < std::size(table); ++i) {
-    EXPECT_EQ(disc_->tracks[i].title, table[i].title);
-    EXPECT_EQ(disc_->tracks[i].frames, table[i].frames);
-  }
+  EXPECT_EQ(disc_, (Disc{L"Orvin & The Band",
+                         L"Caf\u00e9",
+                         L"trip hop",
+                         L"1998",
+                         {{L"Own", 15001},  // 15000.525
+                          {L"G feat. H / Guest", 4500},
+                          {L"Silently", 0},
+                          {L"Wrong", 0},
+                          {L"Endless", 150'000'000}}}));
   disc_.reset();
   EXPECT_EQ(Read(L"3").answer, Answer::Given);
   EXPECT_FALSE(disc_);
   Answers(Ok(R"({"id":"x","title":"Bare","media":[{"tracks":[]}]})"));
   Read(L"1");
-  ASSERT_TRUE(disc_);
-  EXPECT_EQ(disc_->genre, L"Unknown");
-  EXPECT_EQ(disc_->year, L"");
+  EXPECT_EQ(disc_, (Disc{L"", L"Bare", L"Unknown", L"", {}}));
 }
 
 TEST_F(MusicBrainz, WordsBecomeAQuery) {
@@ -181,6 +163,7 @@ TEST_F(MusicBrainz, ARefusalIsNoDisc) {
     std::size_t requests;  // of each
   } table[] = {
       {{End::NotReached}, Answer::NotReached, Answer::NotReached, L"", 1},
+      {{End::NotSecure}, Answer::NotSecure, Answer::NotSecure, L"", 1},
       {{End::TooLong}, Answer::Refused, Answer::Refused, L"", 1},
       {Ok("<html><title>Log in</title></html>"), Answer::Refused, Answer::Refused, L"", 1},
       {Ok(slowDown), Answer::Refused, Answer::Refused, L"Slow down", 1},
@@ -249,6 +232,14 @@ TEST(MusicBrainzJson, WhatNobodyWouldSayIsRefused) {
         std::string("{\"title\":\"\xff\"}"), std::string("7"), std::string("\"releases\""),
         kRelease.substr(0, kRelease.size() - 2)}) {
     EXPECT_FALSE(ParseReply(json, kGoOn)) << json.substr(0, 40);
+  }
+}
+
+TEST(MusicBrainzJson, EndlessTextsAreGivenUpAtOnce) {
+  for (const char* piece : {"7", "\\\"", "\\u0022"}) {
+    int pauses = 0;
+    EXPECT_FALSE(ParseReply("{\"title\":\"" + Repeated(piece, 300'000), [&] { return ++pauses > 0; }));
+    EXPECT_LT(pauses, 4) << piece;
   }
 }
 

@@ -101,7 +101,7 @@ TEST(WriteTags, NoticesAFileThatBecomesShorter) {
     };
     EXPECT_THROW(test.Write(audio, kWithout, kWith), Failure);
     EXPECT_TRUE(test.Content() == (source ? "short" : audio));
-    EXPECT_EQ(test.files.AllFiles(), std::vector<std::wstring>{kPath});
+    EXPECT_EQ(test.files.AllFiles(), Texts{kPath});
   }
 }
 

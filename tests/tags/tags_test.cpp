@@ -9,7 +9,7 @@
 namespace tagrix {
 namespace {
 
-constexpr const wchar_t* kPath = L"C:\\m\\a.mp3";
+constexpr const wchar_t* kTagged = L"C:\\m\\a.mp3";
 
 std::string Spaces(std::size_t count) { return std::string(count, ' '); }
 
@@ -53,8 +53,8 @@ TEST(Id3v1, RefusesATrackThatIsNoByte) {
 TEST(Id3v1, IsFoundInFilesOfMoreThan130Bytes) {
   TestContext test;
   const auto found = [&](std::size_t before) {
-    test.files.Put(kPath, std::string(before, 'x') + "TAG" + std::string(125, 'y'));
-    return HasID3v1(test.files, kPath);
+    test.files.Put(kTagged, std::string(before, 'x') + "TAG" + std::string(125, 'y'));
+    return HasID3v1(test.files, kTagged);
   };
   EXPECT_FALSE(found(2));
   EXPECT_TRUE(found(3));
@@ -88,8 +88,8 @@ TEST(Id3v2, WritesSizesInItsOwnForm) {
 TEST(Id3v2, SizeIsReadAsItIsWritten) {
   TestContext test;
   const auto size = [&](const std::string& content) {
-    test.files.Put(kPath, content);
-    return GetID3v2Size(test.files, kPath);
+    test.files.Put(kTagged, content);
+    return GetID3v2Size(test.files, kTagged);
   };
   EXPECT_EQ(size("ID3" + Bytes({3, 0, 0, 0, 1, 2, 3, 0})), 16384u + 2 * 128 + 3);
   EXPECT_EQ(size("ID3" + Bytes({4, 0, 255, 2, 0, 0, 1, 0})), 2u * 20917152 + 1);

@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
 #include "core/long_work.h"
+#include "core/messages.h"
 #include "dialogs/fixtures.h"
 #include "tools/playlist/pls_mod.h"
 
 namespace tagrix {
 namespace {
 
-using Texts = std::vector<std::wstring>;
 constexpr const wchar_t* kTarget = L"C:\\Music\\Best.m3u";
 
 struct Playlist : testing::Test, TestContext {
@@ -37,7 +37,7 @@ TEST_F(Playlist, AsksBeforeItReplacesAndCancelDoesNotBringTheOldOneBack) {
   });
   page.pls_go_btn.Click();
   EXPECT_FALSE(files.Has(kTarget));
-  EXPECT_EQ(prompts.questions, (Texts{L"<118>", L"<118>", L"<118>"}));
+  EXPECT_EQ(prompts.questions, Texts(3, TestText(message::kOverwritePlaylist).substr(0, 6) + L"Best.m3u"));
   EXPECT_EQ(prompts.messages, (Texts{L"<51>", L"<177>"}));
 }
 
@@ -51,6 +51,19 @@ TEST_F(Playlist, WritesWhatItCanAndSaysWhatItCannot) {
   }
   EXPECT_EQ(prompts.messages, (Texts{L"<51>", L"<229>", L"<230> C:\\gone"}));
   EXPECT_EQ(files.AllFiles(), (Texts{L"C:\\Music\\aux_.m3u", L"C:\\Music\\Rock\\a.mp3"}));
+}
+
+TEST_F(Playlist, GoNeedsANameAFolderAndFiles) {
+  const struct {
+    const wchar_t *name, *folder;
+    bool enabled;
+  } cases[] = {{L"Best", L"C:\\Music", true}, {L" ", L"C:\\Music", false}, {L"Best", L"C:\\gone", false}};
+  for (const auto& expected : cases) {
+    page.pls_name_txt.Type(expected.name);
+    page.pls_output_txt.Type(expected.folder);
+    UpdatePlaylistGo(page, context);
+    EXPECT_EQ(page.pls_go_btn.Enabled(), expected.enabled) << expected.folder;
+  }
 }
 
 TEST_F(Playlist, TakesFilesAndFoldersMoreThanOnce) {

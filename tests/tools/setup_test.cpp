@@ -2,20 +2,17 @@
 
 #include "base/publisher.h"
 #include "dialogs/fixtures.h"
+#include "freedb/search_page.h"
 #include "tools/setup/setup_mod.h"
 
 namespace tagrix {
 namespace {
 
-using Texts = std::vector<std::wstring>;
-
 struct Setup : testing::Test, TestContext {
   Setup() {
     for (const std::wstring language : {L"English", L"French"}) {
       page.setup_lngcmb.Add(language);
-      std::string lines;
-      for (int n = 0; n < 178; ++n) lines += "000" + codePage.ToBytes(language) + "\r\n";
-      files.Put(L"C:\\Tagrix\\" + language + L".lf", lines);
+      files.Put(L"C:\\Tagrix\\" + language + L".lf", LanguageFile(178, codePage.ToBytes(language)));
     }
     page.setup_lngcmb.Select(0);
     for (const wchar_t* folder : {L"C:\\Lists", L"C:\\m"}) files.AddFolder(folder);
@@ -44,7 +41,7 @@ TEST_F(Setup, ANewUserGetsTheDefaultsAndOkSavesThem) {
   EXPECT_EQ(saved, (Texts{L"PlaylistMode=0", L"CGIPath=/~cddb/cddb.cgi", L"HTTPPort=80", L"ProxyPort=80",
                           L"ProxyName=proxy", L"UseProxy=1", L"Bypass=0", L"AutoUpd=1", L"Pattern=%1 - %3 - %6 - %2",
                           L"Playlist=%3", server, L"FreeDBSite=http://www.freedb.org", L"Contact=",
-                          L"MusicBrainzServer=musicbrainz.org", L"langue=English"}));
+                          L"MusicBrainzServer=musicbrainz.org", L"TagStyle=", L"langue=English"}));
 }
 
 TEST_F(Setup, FlagsAreReadExactlyAndPortsAreNumbersAboveZero) {
@@ -73,6 +70,13 @@ TEST_F(Setup, ThePlaylistModeHoldsTheFolderWhateverTheChoice) {
     EXPECT_EQ(page.setup_plsfolder_txt.Text(), folder);
     EXPECT_EQ(page.setup_plsbrowse_btn.Enabled(), page.setup_plsspec_opt.Checked());
   }
+  for (const wchar_t* style : {L"classic", L"standard", L""}) {
+    context.settings.Put(setting::kTagStyle, style);
+    LoadTagStyle(page, context);
+    context.settings.Put(setting::kTagStyle, L"other");
+    page.setup_ok_btn.Click();
+    EXPECT_EQ(Get(L"TagStyle"), style);
+  }
   prompts.dialogs.emplace_back(Pick(L"C:\\m"));
   page.setup_plsspec_opt.Click();
   page.setup_plsbrowse_btn.Click();
@@ -84,6 +88,8 @@ TEST_F(Setup, ThePlaylistModeHoldsTheFolderWhateverTheChoice) {
 TEST_F(Setup, PatternsAreListedOnceAndTheServerIsFoundByItsHost) {
   page.setup_pat_cmb.Type(L" %2 by %1 ");
   EXPECT_EQ(page.setup_pattern_lbl.Text(), L" Track01 by Artist ");
+  page.setup_pls_cmb.Type(L"%1 %3 %6%2 %4 %5");
+  EXPECT_EQ(page.setup_testpls_lbl.Text(), L"Artist Album 00 2004 Genre");
   page.setup_freedb_cmb.Choose(10);
   page.setup_ok_btn.Click();
   EXPECT_EQ(Get(L"FreeDBServer"), publisher::kFreeDbServers[10].host);
@@ -93,6 +99,22 @@ TEST_F(Setup, PatternsAreListedOnceAndTheServerIsFoundByItsHost) {
     EXPECT_EQ(page.setup_pat_cmb.Text(), L"%2 by %1");
     EXPECT_EQ(page.setup_pat_cmb.Count(), 6);
   }
+}
+
+TEST_F(Setup, TheSourcesAreSavedAndUsedAsTheyAreMeant) {
+  EXPECT_EQ(page.setup_site_txt.Text(), publisher::kFreeDbWebSite);
+  page.setup_contact_txt.Type(L" jo@home.example ");
+  page.setup_musicbrainz_txt.Type(L"");
+  for (const auto& [typed, site] : {std::pair(L"mirror.example/", L"http://mirror.example"),
+                                    {L" http://mirror.example/freedb// ", L"http://mirror.example/freedb"},
+                                    {L"", publisher::kFreeDbWebSite}}) {
+    page.setup_site_txt.Type(typed);
+    page.setup_ok_btn.Click();
+    EXPECT_EQ(FreeDbSite(context.settings), site);
+  }
+  LoadSettings(page, context);
+  EXPECT_EQ(page.setup_contact_txt.Text(), L"jo@home.example");
+  EXPECT_EQ(page.setup_musicbrainz_txt.Text(), L"musicbrainz.org");
 }
 
 TEST_F(Setup, TheLanguageChangesAtOnceOrStaysWhenItsFileCannotBeRead) {
@@ -106,7 +128,7 @@ TEST_F(Setup, TheLanguageChangesAtOnceOrStaysWhenItsFileCannotBeRead) {
   EXPECT_EQ(Get(L"langue"), L"");
 
   page.setup_ok_btn.Click();
-  EXPECT_EQ(page.setup_proxy_chk.Text(), L"French");
+  EXPECT_EQ(page.setup_proxy_chk.Text(), L"French133");
   EXPECT_EQ(Get(L"langue"), L"French");
 }
 

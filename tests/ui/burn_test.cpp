@@ -51,5 +51,17 @@ TEST_F(BurnTest, HandsTheCompilationToTheBurningProgram) {
   EXPECT_EQ(program.Text("status_lbl"), L"");
 }
 
+TEST_F(BurnTest, AsksOverTheWindowWhenItIsMissing) {
+  InstallBurner(false);
+  SetSetting(L"AutoUpd", L"0");
+  const Program& program = Start();
+  program.Window("question");
+  EXPECT_TRUE(program.Shows("tagrix"));
+  program.Click("again_chk");
+  Picture("");
+  program.Click("answer1_btn");
+  ASSERT_TRUE(Until([&] { return Setting(L"AskCopyToDVD") == L"0"; }));
+}
+
 }  // namespace
 }  // namespace tagrix::ui

@@ -10,15 +10,8 @@
 namespace tagrix::ui {
 namespace {
 
-constexpr const wchar_t* kNameProperty = L"TagrixControl";
+constexpr UINT kFindControl = WM_APP + 12;  // win32/windows/binding.h
 constexpr const wchar_t* kKey = L"Software\\Ostrel Corp.\\Tagrix";
-
-// The name that the program has hung on a window; empty when it has none.
-std::string NameOf(HWND window) {
-  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, kNameProperty)));
-  char name[256] = "";
-  return std::string(name, atom == 0 ? 0 : GlobalGetAtomNameA(atom, name, static_cast<int>(std::size(name))));
-}
 
 template <typename Visit>
 void EachChild(HWND parent, Visit visit) {
@@ -168,6 +161,16 @@ void Press(WORD key, WORD held) {
   if (held != 0) SendKey(held, 0, KEYEVENTF_KEYUP);
 }
 
+void Hold(WORD key, WORD held) {
+  SendKey(held, 0, 0);
+  for (int times = 0; times < 10; ++times) {
+    SendKey(key, 0, 0);
+    Sleep(50);
+  }
+  SendKey(key, 0, KEYEVENTF_KEYUP);
+  SendKey(held, 0, KEYEVENTF_KEYUP);
+}
+
 void Type(const std::wstring& text) {
   for (const wchar_t c : text) {
     SendKey(0, c, KEYEVENTF_UNICODE);
@@ -175,8 +178,9 @@ void Type(const std::wstring& text) {
   }
 }
 
-Program::Program(const std::filesystem::path& executable) {
+Program::Program(const std::filesystem::path& executable, const std::filesystem::path& argument) {
   std::wstring command = L"\"" + executable.wstring() + L"\"";
+  if (!argument.empty()) command += L" \"" + argument.wstring() + L"\"";
   STARTUPINFOW start{};
   start.cb = sizeof start;
   PROCESS_INFORMATION started{};
@@ -216,14 +220,15 @@ std::vector<HWND> Program::TopWindows() const {
 }
 
 HWND Program::FindVisible(const std::string& name) const {
+  const ATOM atom = GlobalAddAtomA(name.c_str());
+  HWND found = nullptr;
   for (const HWND top : TopWindows()) {
-    HWND found = NameOf(top) == name ? top : nullptr;
-    EachChild(top, [&](HWND window) {
-      if (found == nullptr && IsWindowVisible(window) && NameOf(window) == name) found = window;
-    });
-    if (found != nullptr) return found;
+    if (found != nullptr || ClassOf(top) != L"TagrixForm") continue;
+    const HWND window = std::bit_cast<HWND>(Ask(top, kFindControl, atom));
+    if (window != nullptr && IsWindowVisible(window)) found = window;
   }
-  return nullptr;
+  GlobalDeleteAtom(atom);
+  return found;
 }
 
 HWND Program::Window(const std::string& name) const {
@@ -243,6 +248,13 @@ HWND Program::Usable(const std::string& name) const {
 }
 
 bool Program::Enabled(const std::string& name) const { return IsUsable(Window(name)); }
+
+bool Program::HasKeyboard(const std::string& name) const {
+  const HWND window = Window(name);
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  return GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) && info.hwndFocus == window;
+}
 
 std::wstring Program::Text(const std::string& name) const { return TextOf(Window(name)); }
 
@@ -297,8 +309,8 @@ void Program::Close(const std::string& form) const { PostMessageW(Window(form), 
 
 HWND Program::FindMessageBox() const {
   const std::vector<HWND> windows = TopWindows();
-  const auto found = std::find_if(windows.begin(), windows.end(),
-                                  [](HWND window) { return ClassOf(window) == L"#32770" && NameOf(window).empty(); });
+  const auto found =
+      std::find_if(windows.begin(), windows.end(), [](HWND window) { return ClassOf(window) == L"#32770"; });
   return found == windows.end() ? nullptr : *found;
 }
 

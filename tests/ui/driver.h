@@ -17,8 +17,8 @@ namespace tagrix::ui {
 // Waits, at most so long, until the condition holds; returns whether it does.
 bool Until(const std::function<bool()>& condition, int milliseconds = 30'000);
 
-// Writes what is on the screen into a PNG file.
-void SaveScreenshot(const std::filesystem::path& file);
+// Writes what is on the screen, or where the window stands, into a PNG file.
+void SaveScreenshot(const std::filesystem::path& file, HWND window = nullptr);
 
 // A text value under the program's registry key; ClearSettings removes the key.
 void SetSetting(const std::wstring& name, const std::wstring& text);
@@ -29,7 +29,8 @@ void ClearSettings();
 // until what it needs is there and throws std::runtime_error when it doesn't come.
 class Program {
  public:
-  explicit Program(const std::filesystem::path& executable);
+  // `argument`: what the program is started with; empty: nothing.
+  explicit Program(const std::filesystem::path& executable, const std::filesystem::path& argument = {});
   ~Program();  // ends it when it still runs
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
@@ -40,6 +41,8 @@ class Program {
   // Whether a form or a control of that name can be seen now.
   bool Shows(const std::string& name) const { return FindVisible(name) != nullptr; }
   bool Enabled(const std::string& name) const;
+  // Whether the control has the keyboard.
+  bool HasKeyboard(const std::string& name) const;
   std::wstring Text(const std::string& name) const;
   std::vector<std::wstring> Rows(const std::string& list, int column = 0) const;
   bool Ticked(const std::string& name) const;
@@ -72,6 +75,8 @@ class Program {
 // Keys to whatever has the keyboard.
 void Type(const std::wstring& text);
 void Press(WORD key, WORD held = 0);
+// Holds it until it has come some ten times.
+void Hold(WORD key, WORD held);
 
 }  // namespace tagrix::ui
 

@@ -20,12 +20,18 @@ struct BitmapTraits {
   static void Close(Handle handle) { DeleteObject(handle); }
 };
 
-Unique<BitmapTraits> CopyScreen() {
-  const int width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
+RECT AreaOf(HWND window) {
+  RECT area{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  if (window != nullptr) GetWindowRect(window, &area);
+  return area;
+}
+
+Unique<BitmapTraits> CopyScreen(const RECT& area) {
+  const int width = area.right - area.left, height = area.bottom - area.top;
   const HDC screen = GetDC(nullptr), copy = CreateCompatibleDC(screen);
   Unique<BitmapTraits> bitmap(CreateCompatibleBitmap(screen, width, height));
   const HGDIOBJ before = SelectObject(copy, bitmap.Get());
-  BitBlt(copy, 0, 0, width, height, screen, 0, 0, SRCCOPY);
+  BitBlt(copy, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
   SelectObject(copy, before);
   DeleteDC(copy);
   ReleaseDC(nullptr, screen);
@@ -34,12 +40,12 @@ Unique<BitmapTraits> CopyScreen() {
 
 }  // namespace
 
-void SaveScreenshot(const std::filesystem::path& file) {
+void SaveScreenshot(const std::filesystem::path& file, HWND window) {
   std::filesystem::create_directories(file.parent_path());
   ULONG_PTR token = 0;
   const Gdiplus::GdiplusStartupInput input;
   Gdiplus::GdiplusStartup(&token, &input, nullptr);
-  const Unique<BitmapTraits> bitmap = CopyScreen();
+  const Unique<BitmapTraits> bitmap = CopyScreen(AreaOf(window));
   const Gdiplus::Status status = Gdiplus::Bitmap(bitmap.Get(), nullptr).Save(file.c_str(), &kPngEncoder, nullptr);
   Gdiplus::GdiplusShutdown(token);
   if (status != Gdiplus::Ok) throw std::runtime_error("cannot write " + file.string());

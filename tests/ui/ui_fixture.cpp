@@ -35,7 +35,8 @@ void UiTest::SetUp() {
   InstallBurner(true);
   for (const auto& entry : fs::directory_iterator(program.parent_path())) {
     const fs::path ending = entry.path().extension();
-    const bool data = ending == ".exe" || ending == ".lf" || ending == ".dat" || ending == ".wav";
+    const bool text = ending == ".lf" || ending == ".lfx";
+    const bool data = text || ending == ".exe" || ending == ".dat" || ending == ".wav";
     if (data || entry.path().filename() == "skin") {
       fs::copy(entry.path(), folder_ / entry.path().filename(), fs::copy_options::recursive);
     }
@@ -66,6 +67,22 @@ void UiTest::Picture(const std::string& suffix) {
   const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
   Sleep(500);  // the screen follows a moment later
   SaveScreenshot(PathFrom(L"TAGRIX_SCREENSHOTS") / (std::string(test.name()) + suffix + ".png"));
+}
+
+void AlbumTest::SetUp() {
+  UiTest::SetUp();
+  if (std::getenv("TAGRIX_PROXY_PORT") == nullptr) GTEST_SKIP() << "No disc server or no sample album is there.";
+  album_ = folder_ / "Harbour";
+  fs::copy(PathFrom(L"TAGRIX_SAMPLE"), album_);
+  SetSetting(L"LastDir", album_.wstring());
+  SetSetting(L"Source", L"FreeDB");
+  SetSetting(L"UseProxy", L"1");
+  SetSetting(L"ProxyName", L"127.0.0.1");
+  const std::string port = std::getenv("TAGRIX_PROXY_PORT");
+  SetSetting(L"ProxyPort", std::wstring(port.begin(), port.end()));
+  SetSetting(L"MusicBrainzServer", L"http://127.0.0.1:" + std::wstring(port.begin(), port.end()));
+  SetSetting(L"AutoUpd", L"0");
+  SetSetting(L"Pattern", L"%1 - %6 - %2");
 }
 
 }  // namespace tagrix::ui

@@ -24,12 +24,22 @@ class UiTest : public testing::Test {
   // a folder with a blank in its name.
   void InstallBurner(bool install) const;
   std::filesystem::path BurnerFolder() const { return folder_ / "my burner"; }
-  Program& Start() { return program_.emplace(folder_ / "tagrix.exe"); }
+  Program& Start(const std::filesystem::path& argument = {}) {
+    return program_.emplace(folder_ / "tagrix.exe", argument);
+  }
   // A picture named after the test.
   static void Picture(const std::string& suffix);
 
   std::filesystem::path folder_;  // of the program's copy
   std::optional<Program> program_;
+};
+
+// With the sample album to go the road with, and the disc server to ask.
+class AlbumTest : public UiTest {
+ protected:
+  void SetUp() override;
+
+  std::filesystem::path album_;
 };
 
 // A path of the system below Wine, as Windows sees it; empty when the variable is not set.

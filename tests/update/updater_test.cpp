@@ -7,14 +7,43 @@
 #include "core/dispatch.h"
 #include "core/long_work.h"
 #include "fakes/fakes.h"
+#include "update/update_rules.h"
 
 namespace tagrix {
 namespace {
 
+TEST(Profile, IsReadAsTheSystemReadsIt) {
+  constexpr std::wstring_view kText =
+      L"build=1\r\n; comment\r\n[other]\nbuild=2\r\n[ TAGRIX ] x\r\n ;build=3\r\nnonsense\r\n\tBuild = \t\"4\" \r\n"
+      L"build=5\r\nPath=/a=b\r\nempty=\r\n[tagrix]\r\nlate=6";
+  EXPECT_EQ(ProfileValue(kText, L"Tagrix", L"build"), L"4");
+  EXPECT_EQ(ProfileValue(kText, L"Tagrix", L"path"), L"/a=b");
+  for (const wchar_t* missing : {L"empty", L"late", L"nonsense"}) {
+    EXPECT_EQ(ProfileValue(kText, L"Tagrix", missing), L"");
+  }
+}
+
+TEST(FileNamesFromTheNet, StayInTheirFolder) {
+  EXPECT_TRUE(IsBareFileName(L"tagrix-1.2 setup.exe"));
+  for (const wchar_t* name : {L"", L".", L"..", L"a..exe", L"a/b.exe", L"a\\b.exe", L"C:a.exe", L"a.exe:s", L"a?.exe",
+                              L"a*.exe", L"a\".exe", L"a.exe.", L"a.exe ", L"a\tb.exe", L"con.exe"}) {
+    EXPECT_FALSE(IsBareFileName(name)) << std::wstring(name).size();
+  }
+}
+
+TEST(Sizes, AreShownInStepsOf1024) {
+  const struct {
+    std::uint64_t bytes;
+    const wchar_t* text;
+  } cases[] = {{1023, L"1023 bytes"}, {1024, L"1.00 Kb"}, {1024 * 1024 - 1, L"1023.99 Kb"}, {5ull << 30, L"5.00 Gb"}};
+  for (const auto& [bytes, text] : cases) EXPECT_EQ(DisplaySize(bytes), text);
+  EXPECT_EQ(DownloadProgress(1024, 3072), L"1.00 Kb of 3.00 Kb [33%]");
+  EXPECT_EQ(DownloadProgress(1024, 0), L"1.00 Kb");
+  EXPECT_EQ(DownloadPercent(5, 4), 100);
+}
+
 constexpr const wchar_t* kInfo = L"C:\\Tagrix\\upd\\upd.dat";
 constexpr const wchar_t* kInstaller = L"C:\\Tagrix\\upd\\setup.exe";
-
-using Texts = std::vector<std::wstring>;
 
 struct Updater : testing::Test, TestContext {
   Updater() {
@@ -76,7 +105,7 @@ TEST_F(Updater, SaysOnlyWhenAskedThatNothingCameOfIt) {
   ftp.remote[L"/ostrelco/files/upd.dat"] = std::string(2 << 20, '=');
   expect(L"<60>");
   Offer(L"setup.exe", L"none");
-  expect(L"<59> Tagrix 1.0.0");
+  expect(L"<59> Tagrix 1 0 0");
   ftp.remote.clear();
   ftp.connected = false;
   expect(L"<55>");
@@ -149,7 +178,7 @@ TEST_F(Updater, ASilentCheckThatWaitsGivesWayToTheUsers) {
   events.Post([&] {
     ftp.stall = false;
     Offer(L"setup.exe", L"0");
-    EXPECT_EQ(Check(false), Texts{L"<59> Tagrix 1.0.0"});
+    EXPECT_EQ(Check(false), Texts{L"<59> Tagrix 1 0 0"});
   });
   CheckForUpdate(context, true, host);
 }

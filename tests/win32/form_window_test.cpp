@@ -1,8 +1,12 @@
 #include "win32/windows/form_window.h"
 
 #include <gtest/gtest.h>
-// Needs windows.h before it.
+// Need windows.h before them.
 #include <commctrl.h>
+#include <shlobj.h>
+
+#include <algorithm>
+#include <vector>
 
 #include "forms/buttons.h"
 #include "forms/lists.h"
@@ -101,6 +105,48 @@ TEST(FormWindow, WhatTheUserDoesReachesTheModelsOnce) {
   EXPECT_EQ(window.events, "edited edited tick second chosen pattern go ");
 }
 
+TEST(FormWindow, OnlyADeliberateKeyStartsSomething) {
+  Window window;
+  window.form.defaultButton = &window.go;
+  window.form.escaped = [&] { window.events += "escaped "; };
+  TestForm shown(window.form);
+  SetFocus(shown["tick_chk"]);
+  const auto post = [&](UINT message, WPARAM key, LPARAM bits) {
+    PostMessageW(GetFocus(), message, key, bits);
+    shown.Settle();
+  };
+  constexpr LPARAM kHeld = 1 << 30, kAlt = 1 << 29;
+  post(WM_CHAR, 'g', 1);
+  post(WM_SYSCHAR, 'g', kAlt | kHeld);
+  post(WM_KEYDOWN, VK_RETURN, kHeld);
+  post(WM_KEYDOWN, VK_ESCAPE, kHeld);
+  EXPECT_EQ(window.events, "");
+  post(WM_SYSCHAR, 'g', kAlt);
+  post(WM_KEYDOWN, VK_RETURN, 1);
+  post(WM_KEYDOWN, VK_ESCAPE, 1);
+  EXPECT_EQ(window.events, "go go escaped ");
+  window.answer.TakeFocus();  // on a page that is not in view
+  window.words.TakeFocus();
+  shown.Settle();
+  EXPECT_EQ(GetFocus(), shown["words_txt"]);
+}
+
+TEST(FormWindow, TakesWhatIsDroppedOnIt) {
+  Window window;
+  std::vector<std::wstring> dropped;
+  window.form.dropped = [&](std::vector<std::wstring> paths) { dropped = std::move(paths); };
+  TestForm shown(window.form);
+  const std::wstring names(L"C:\\Music\\A\0C:\\b.mp3\0", 20);
+  const HGLOBAL block = GlobalAlloc(GHND, sizeof(DROPFILES) + (names.size() + 1) * sizeof(wchar_t));
+  auto* const files = static_cast<DROPFILES*>(GlobalLock(block));
+  files->pFiles = sizeof *files;
+  files->fWide = TRUE;
+  std::copy(names.begin(), names.end(), reinterpret_cast<wchar_t*>(files + 1));
+  GlobalUnlock(block);
+  SendMessageW(shown.Window(), WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0);
+  EXPECT_EQ(dropped, (std::vector<std::wstring>{L"C:\\Music\\A", L"C:\\b.mp3"}));
+}
+
 TEST(FormWindow, ATextThatThePageCorrectsComesBackWithTheCaretInPlace) {
   Window window;
   window.words.edited = [&] { window.words.SetText(Replace(window.words.Text(), L"?", L"")); };
@@ -109,6 +155,28 @@ TEST(FormWindow, ATextThatThePageCorrectsComesBackWithTheCaretInPlace) {
   shown.Send("words_txt", EM_SETSEL, 1, 1);
   shown.Type("words_txt", L"?x");
   EXPECT_EQ(TextOf(shown["words_txt"]), L"axbc");
+}
+
+TEST(FormWindow, WhatItDrawsItselfIsThereForScreenReadersAndFollowsItsAccessKey) {
+  Window window;
+  window.answer.SetSpokenName(L"Answer");
+  TestForm shown(window.form);
+  EXPECT_EQ(FindWindowExW(shown.Window(), nullptr, L"Static", L"&Words:"), nullptr);
+  SetFocus(shown["go_btn"]);
+  PostMessageW(shown["go_btn"], WM_SYSCHAR, L'w', 1 << 29);
+  shown.Settle();
+  EXPECT_EQ(GetFocus(), shown["words_txt"]);
+
+  SendMessageW(shown.Window(), WM_GETOBJECT, 0, OBJID_CLIENT);
+  const HWND label = GetWindow(shown["words_txt"], GW_HWNDPREV);
+  EXPECT_EQ(TextOf(label), L"&Words:");
+  window.caption.SetText(L"Others:");
+  window.pages[0].SetVisible(false);
+  window.pages[1].SetVisible(true);
+  shown.Settle();
+  EXPECT_EQ(TextOf(label), L"Others:");
+  EXPECT_FALSE(IsWindowVisible(label));
+  EXPECT_EQ(TextOf(GetWindow(shown["answer_txt"], GW_HWNDPREV)), L"Answer");
 }
 
 TEST(FormWindow, PagesGetTheirWindowsWhenTheyAreFirstShownInTheLayoutsOrder) {

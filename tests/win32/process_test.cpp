@@ -58,14 +58,16 @@ TEST(Process, AMissingLibraryFailsTheCall) {
   }
 }
 
-TEST(Process, TakesNothingFromTheCurrentFolder) {
+TEST(Process, TakesNothingFromTheCurrentFolderNorFromHalfAPath) {
   namespace fs = std::filesystem;
-  const fs::path before = fs::current_path(), folder = fs::temp_directory_path() / "tagrix.current";
+  const fs::path before = fs::current_path(), folder = fs::temp_directory_path() / "tagrix current";
   const fs::path program = fs::path(_wgetenv(L"SystemRoot")) / "system32" / "hostname.exe";
   fs::remove_all(folder);
   fs::create_directories(folder);
   fs::copy_file(program, folder / "here.exe", fs::copy_options::overwrite_existing);
   std::ofstream(folder / "here.dll") << "no library";
+  // Stands where the system would look first for a path with a blank.
+  std::ofstream(fs::temp_directory_path() / "tagrix.exe") << "no program";
   fs::current_path(folder);
   PrepareProcess();
   EXPECT_EQ(LoadLibraryW(L"here.dll"), nullptr);
@@ -73,7 +75,8 @@ TEST(Process, TakesNothingFromTheCurrentFolder) {
   WinShell shell;
   EXPECT_EQ(shell.Start(L"here.exe", L"here.exe"), nullptr);
   EXPECT_EQ(shell.Start(L"", L"here.exe"), nullptr);
-  EXPECT_NE(shell.Start(folder.wstring() + L"\\here.exe", L"here.exe"), nullptr);
+  const std::wstring path = (folder / "here.exe").wstring();
+  EXPECT_NE(shell.Start(path, path + L" /x"), nullptr);
   EXPECT_NE(GetErrorMode() & SEM_FAILCRITICALERRORS, 0U);
   fs::current_path(before);
 }

@@ -14,18 +14,10 @@ namespace tagrix {
 
 // The window of a control, found by its name as tests in other processes find it; null when there is none.
 inline HWND WindowNamed(HWND form, const std::string& name) {
-  struct Search {
-    ATOM atom;
-    HWND found = nullptr;
-  } search{GlobalFindAtomW(Widen(name).c_str())};
-  const WNDENUMPROC look = [](HWND window, LPARAM data) -> BOOL {
-    auto& wanted = *reinterpret_cast<Search*>(data);
-    const HANDLE atom = GetPropW(window, L"TagrixControl");
-    if (wanted.atom != 0 && atom == reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(wanted.atom))) wanted.found = window;
-    return wanted.found == nullptr;
-  };
-  EnumChildWindows(form, look, reinterpret_cast<LPARAM>(&search));
-  return search.found;
+  const ATOM atom = GlobalAddAtomW(Widen(name).c_str());
+  const LRESULT found = SendMessageW(form, kFindControl, atom, 0);
+  GlobalDeleteAtom(atom);
+  return reinterpret_cast<HWND>(found);
 }
 
 inline std::wstring TextOf(HWND window) {

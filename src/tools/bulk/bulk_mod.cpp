@@ -14,6 +14,7 @@
 #include "core/notices.h"
 #include "dialogs/choose_files.h"
 #include "dialogs/folder_chooser.h"
+#include "views/file_menu.h"
 
 namespace tagrix {
 namespace {
@@ -127,6 +128,7 @@ void InitBulkPage(BulkPage& page, Context& context) {
   page.bulk_lst.cell = [&](int row, int column) { return Cell(page, row, column); };
   page.bulk_lst.mark = [&](int row) { return Mark(page, row); };
   page.bulk_lst.itemTooltips = true;
+  page.bulk_lst.menu = [&] { return FileMenu(context, SelectedPaths(page.bulk_lst)); };
   page.fluc_rdo.Choose();
   RulesChanged(page);
   page.bulk_undo_btn.SetEnabled(false);
@@ -140,6 +142,11 @@ void AddBulkFiles(BulkPage& page, Context& context) {
 
 void AddBulkFolder(BulkPage& page, Context& context) {
   page.bulk_lst.Append(ChooseAudioFiles(context, ChooserMode::BulkFiles, {&page.bulk_lst}));
+  UpdateBulkGo(page);
+}
+
+void DropOnBulk(BulkPage& page, Context& context, const std::vector<std::wstring>& paths) {
+  page.bulk_lst.Append(AudioFilesAmong(context, paths, ChooserMode::BulkFiles, {&page.bulk_lst}));
   UpdateBulkGo(page);
 }
 

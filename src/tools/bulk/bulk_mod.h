@@ -2,6 +2,9 @@
 #ifndef TAGRIX_TOOLS_BULK_BULK_MOD_H
 #define TAGRIX_TOOLS_BULK_BULK_MOD_H
 
+#include <string>
+#include <vector>
+
 #include "core/context.h"
 #include "tools/bulk/bulk_page.h"
 #include "tools/bulk/cleaning_rules.h"
@@ -13,6 +16,8 @@ void InitBulkPage(BulkPage& page, Context& context);
 
 void AddBulkFiles(BulkPage& page, Context& context);
 void AddBulkFolder(BulkPage& page, Context& context);
+// Files and folders that were dropped on the page.
+void DropOnBulk(BulkPage& page, Context& context, const std::vector<std::wstring>& paths);
 void DeleteBulkFiles(BulkPage& page);
 void ResetBulk(BulkPage& page);
 // Renames every file of the list whose name the ticked rules change.

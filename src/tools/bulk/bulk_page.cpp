@@ -44,6 +44,8 @@ void TranslateBulkPage(BulkPage& page, Context& context) {
                         {page.bulk_go_btn, message::kStart},
                         {page.bulk_undo_btn, message::kUndo}});
   page.merge_chk.SetText(kMergeCaption);
+  page.bulk_lst.SetHint(context.Text(message::kFilesHint));
+  page.bulk_cur_bar.SetSpokenName(context.Text(message::kProgress));
   page.bulk_lst.SetColumns({{context.Text(message::kNameBefore), 0},
                             {context.Text(message::kNameAfter), 0},
                             {context.Text(message::kFolder), 0}});

@@ -14,10 +14,12 @@
 #include "core/long_work.h"
 #include "core/messages.h"
 #include "core/notices.h"
+#include "dialogs/ask_user.h"
 #include "dialogs/choose_files.h"
 #include "dialogs/folder_chooser.h"
 #include "storage/small_files.h"
 #include "tools/burn/capacity.h"
+#include "views/file_menu.h"
 
 namespace tagrix {
 namespace {
@@ -88,14 +90,29 @@ void AddPending(BurnPage& page, Context& context, std::vector<std::wstring> path
   ShowBurnTime(page, context);
 }
 
+// What is pending already is not added again.
+void AddNewPending(BurnPage& page, Context& context, std::vector<std::wstring> paths) {
+  std::erase_if(paths, [&](const std::wstring& path) {
+    return std::find(page.pending.begin(), page.pending.end(), path) != page.pending.end();
+  });
+  AddPending(page, context, std::move(paths));
+}
+
 }  // namespace
 
 bool DetectCopyToDvd(Context& context) {
-  const bool found = FileExists(context.files, BurnerPath(context));
-  if (!found && context.prompts.Question(context.Text(message::kBurnerMissing))) {
+  if (FileExists(context.files, BurnerPath(context))) return true;
+  if (!context.settings.Get(setting::kAskForBurner)) return false;
+  const UserAnswer answer = AskUser(context, {.text = context.Text(message::kBurnerMissing),
+                                              .answers = {context.Text(message::kYes), context.Text(message::kNo)},
+                                              .standard = kNo,
+                                              .tick = context.Text(message::kDontAskAgain)});
+  if (answer.chosen == kYes) {
     context.shell.OpenLink(publisher::kBurnerMakerSite);
+  } else if (answer.ticked) {
+    context.settings.Put(setting::kAskForBurner, false);
   }
-  return found;
+  return false;
 }
 
 void AddBurnFiles(BurnPage& page, Context& context) {
@@ -103,11 +120,11 @@ void AddBurnFiles(BurnPage& page, Context& context) {
 }
 
 void AddBurnFolder(BurnPage& page, Context& context) {
-  std::vector<std::wstring> paths = ChooseAudioFiles(context, ChooserMode::BurnFiles, {&page.burn_lst});
-  std::erase_if(paths, [&](const std::wstring& path) {
-    return std::find(page.pending.begin(), page.pending.end(), path) != page.pending.end();
-  });
-  AddPending(page, context, std::move(paths));
+  AddNewPending(page, context, ChooseAudioFiles(context, ChooserMode::BurnFiles, {&page.burn_lst}));
+}
+
+void DropOnBurn(BurnPage& page, Context& context, const std::vector<std::wstring>& paths) {
+  AddNewPending(page, context, AudioFilesAmong(context, paths, ChooserMode::BurnFiles, {&page.burn_lst}));
 }
 
 void SumBurnTime(BurnPage& page, Context& context) {
@@ -141,13 +158,7 @@ void MoveBurnFiles(BurnPage& page, int by) {
   }
 }
 
-void DragBurnFile(BurnPage& page, int from, int to) {
-  const std::wstring text = page.burn_lst.ItemText(from);
-  const std::int32_t time = page.burn_lst.Value(from);
-  page.burn_lst.Remove(from);
-  page.burn_lst.Insert(to, text, time);
-  page.burn_lst.SelectOnly(to);
-}
+void DragBurnFile(BurnPage& page, int from, int to) { page.burn_lst.MoveItem(from, to); }
 
 void RunCopyToDvd(BurnPage& page, Context& context) {
   LongWork work(context, {&page.burn_frm});
@@ -186,6 +197,7 @@ void InitBurnPage(BurnPage& page, Context& context) {
     button.Click();
   };
   page.burn_lst.itemTooltips = true;
+  page.burn_lst.menu = [&] { return FileMenu(context, SelectedPaths(page.burn_lst)); };
   page.burn_lst.cell = [&](int row, int column) {
     return column == 0 ? page.burn_lst.ItemText(row) : MinutesAndSeconds(page.burn_lst.Value(row));
   };
@@ -197,7 +209,6 @@ void InitBurnPage(BurnPage& page, Context& context) {
   page.c2cd_btn.SetImage(skin + L"c2dvd.gif", 48);
   page.c2cd_btn.SetTooltip(publisher::kBurnerSite);
   ShowBurnTime(page, context);
-  DetectCopyToDvd(context);
 }
 
 }  // namespace tagrix

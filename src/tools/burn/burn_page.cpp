@@ -32,6 +32,7 @@ void TranslateBurnPage(BurnPage& page, Context& context) {
                         {page.burn_btn, message::kBurn}});
   page.burn_up_btn.SetTooltip(context.Text(message::kMoveUp));
   page.burn_down_btn.SetTooltip(context.Text(message::kMoveDown));
+  page.burn_lst.SetHint(context.Text(message::kFilesHint));
   page.burn_lst.SetColumns({{context.Text(message::kFileColumn)}, {context.Text(message::kTimeColumn), 70, true}});
   ShowBurnTime(page, context);
 }

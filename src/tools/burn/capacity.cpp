@@ -9,7 +9,7 @@ namespace {
 constexpr double kMinute = 60'000;
 constexpr int kScaleHeight = 18;
 constexpr int kLabelWidth = 44;
-constexpr int kTick = 4;
+constexpr int kTickWidth = 4;
 
 // Minutes between two labels, so that they have room.
 int LabelStep(double minutes, int width) {
@@ -22,8 +22,8 @@ void PaintScale(Canvas& canvas, Rect bar, double span) {
   const auto mark = [&](int minute) {
     const int x = bar.x + static_cast<int>(minute * kMinute / span * (bar.width - 1));
     const int bottom = bar.y + bar.height;
-    canvas.Line({x, bottom}, {x, bottom + kTick}, Ink::Text);
-    const Rect area{x - kLabelWidth / 2, bottom + kTick, kLabelWidth, kScaleHeight - kTick};
+    canvas.Line({x, bottom}, {x, bottom + kTickWidth}, Ink::Text);
+    const Rect area{x - kLabelWidth / 2, bottom + kTickWidth, kLabelWidth, kScaleHeight - kTickWidth};
     canvas.Text(area, std::to_wstring(minute), TextPlace::Centre, Ink::Text);
   };
   const int capacity = static_cast<int>(kCdCapacity / kMinute);

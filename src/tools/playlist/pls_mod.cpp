@@ -14,14 +14,20 @@
 #include "dialogs/folder_chooser.h"
 #include "storage/m3u.h"
 #include "storage/small_files.h"
+#include "views/file_menu.h"
 
 namespace tagrix {
 namespace {
 
-// Empty when the name has no character that a file name may hold.
-std::wstring FileName(const PlaylistPage& page) {
-  const std::wstring name = CleanAndTrimFileName(page.pls_name_txt.Text());
-  return name.empty() ? name : SafeFileName(name + L".m3u");
+// Whether the playlist's lines are in the code page. A path that is makes a line that is.
+bool FitsCodePage(const PlaylistPage& page, CodePage& codePage) {
+  for (int i = 0; i < page.pls_lst.Count(); ++i) {
+    const std::wstring& path = page.pls_lst.ItemText(i);
+    if (!InCodePage(codePage, path) && !InCodePage(codePage, PlaylistLine(path, page.pls_output_txt.Text()))) {
+      return false;
+    }
+  }
+  return true;
 }
 
 // The playlist's lines; fewer than there are entries when the user cancels.
@@ -32,6 +38,12 @@ std::wstring PlaylistLines(const PlaylistPage& page, Progress& progress) {
     progress.Pass(page.pls_lst.ItemText(i));
   }
   return lines;
+}
+
+// Moves the one selected entry by a place.
+void MoveSelected(ListBox& list, int by) {
+  const int from = list.SelectedIndex(), to = from + by;
+  if (list.SelectedCount() == 1 && to >= 0 && to < list.Count()) list.MoveItem(from, to);
 }
 
 }  // namespace
@@ -58,6 +70,11 @@ void AddPlaylistFolder(PlaylistPage& page, Context& context) {
   UpdatePlaylistGo(page, context);
 }
 
+void DropOnPlaylist(PlaylistPage& page, Context& context, const std::vector<std::wstring>& paths) {
+  page.pls_lst.Append(AudioFilesAmong(context, paths, ChooserMode::PlaylistFiles, {}));
+  UpdatePlaylistGo(page, context);
+}
+
 void DeletePlaylistFiles(PlaylistPage& page, Context& context) {
   page.pls_lst.RemoveSelected();
   UpdatePlaylistGo(page, context);
@@ -76,13 +93,16 @@ void WritePlaylist(PlaylistPage& page, Context& context) {
     context.prompts.Message(FillMessage(context.Text(message::kNoSuchFolder), {folder}));
     return;
   }
-  const std::wstring name = FileName(page), target = WithBackslash(folder) + name;
-  if (name.empty()) {
+  const std::wstring base = CleanAndTrimFileName(page.pls_name_txt.Text());
+  if (base.empty()) {
     context.prompts.Message(context.Text(message::kNoPlaylistName));
     return;
   }
+  const bool utf8 = !FitsCodePage(page, context.codePage);
+  const std::wstring name = PlaylistFileName(base, utf8), target = WithBackslash(folder) + name;
   const bool replaces = FileExists(context.files, target);
-  if (replaces && !context.prompts.Question(context.Text(message::kOverwritePlaylist))) return;
+  const std::wstring question = FillMessage(context.Text(message::kOverwritePlaylist), {name});
+  if (replaces && !context.prompts.Question(question)) return;
 
   bool cancelled = false;
   {
@@ -91,13 +111,15 @@ void WritePlaylist(PlaylistPage& page, Context& context) {
     const std::wstring lines = PlaylistLines(page, work);
     cancelled = work.Cancelled();
     if (!cancelled) {
-      WritePlaylistFile(context.files, context.codePage, target, lines);
+      WritePlaylistFile(context.files, context.codePage, target, lines, utf8);
     } else if (replaces) {
       context.files.Delete(target);
     }
   }
   if (cancelled) {
     ShowCancelMessage(context);
+  } else if (utf8) {
+    context.prompts.Message(FillMessage(context.Text(message::kPlaylistInUtf8), {name}));
   } else {
     context.prompts.Message(context.Text(message::kDone));
   }
@@ -112,9 +134,12 @@ void InitPlaylistPage(PlaylistPage& page, Context& context) {
   wire(page.pls_output_btn, [&] { ChoosePlaylistOutput(page, context); });
   wire(page.pls_go_btn, [&] { WritePlaylist(page, context); });
   page.pls_lst.itemTooltips = true;
+  page.pls_lst.menu = [&] { return FileMenu(context, SelectedPaths(page.pls_lst)); };
   page.pls_lst.keyPressed = [&](ListKey key) {
-    if (key == ListKey::Delete) page.pls_delete_btn.Click();
+    if (key == ListKey::Delete) return page.pls_delete_btn.Click();
+    MoveSelected(page.pls_lst, key == ListKey::MoveUp ? -1 : 1);
   };
+  page.pls_lst.dragged = Command(context, [&](int from, int to) { page.pls_lst.MoveItem(from, to); });
   UpdatePlaylistGo(page, context);
 }
 

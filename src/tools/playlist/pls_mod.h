@@ -2,6 +2,9 @@
 #ifndef TAGRIX_TOOLS_PLAYLIST_PLS_MOD_H
 #define TAGRIX_TOOLS_PLAYLIST_PLS_MOD_H
 
+#include <string>
+#include <vector>
+
 #include "core/context.h"
 #include "tools/playlist/pls_page.h"
 
@@ -12,6 +15,8 @@ void InitPlaylistPage(PlaylistPage& page, Context& context);
 
 void AddPlaylistFiles(PlaylistPage& page, Context& context);
 void AddPlaylistFolder(PlaylistPage& page, Context& context);
+// Files and folders that were dropped on the page.
+void DropOnPlaylist(PlaylistPage& page, Context& context, const std::vector<std::wstring>& paths);
 void DeletePlaylistFiles(PlaylistPage& page, Context& context);
 // Empties the list; the go button stays as it is.
 void ResetPlaylist(PlaylistPage& page);

@@ -25,6 +25,7 @@ void TranslatePlaylistPage(PlaylistPage& page, Context& context) {
                         {page.pls_output_btn, message::kBrowse},
                         {page.pls_name_lbl, message::kFileName},
                         {page.pls_go_btn, message::kStart}});
+  page.pls_lst.SetHint(context.Text(message::kFilesHint));
 }
 
 }  // namespace tagrix

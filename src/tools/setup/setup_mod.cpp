@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -74,6 +75,11 @@ void LoadPlaylistMode(SetupPage& page, Context& context) {
   EnablePlaylistFolder(page);
 }
 
+std::optional<TagStyle> ChosenStyle(const SetupPage& page) {
+  if (page.setup_tagsask_opt.Checked()) return std::nullopt;
+  return page.setup_tagsstandard_opt.Checked() ? TagStyle::Standard : TagStyle::Classic;
+}
+
 void EnableProxy(SetupPage& page) {
   const bool used = page.setup_proxy_chk.Checked();
   page.setup_proxyname_txt.SetEnabled(used);
@@ -123,9 +129,18 @@ void PutSettings(SetupPage& page, Settings& settings) {
   settings.Put(setting::kFreeDbServer,
                ServerRows(false).at(static_cast<std::size_t>(page.setup_freedb_cmb.SelectedIndex())));
   for (const auto& [box, stored] : SourceFields(page)) settings.Put(stored, Trim(box.Text()));
+  settings.Put(setting::kTagStyle, TagStyleName(ChosenStyle(page)));
 }
 
 }  // namespace
+
+void LoadTagStyle(SetupPage& page, Context& context) {
+  const auto style = ParseTagStyle(context.settings.Get(setting::kTagStyle));
+  OptionButton& chosen = !style                         ? page.setup_tagsask_opt
+                         : *style == TagStyle::Standard ? page.setup_tagsstandard_opt
+                                                        : page.setup_tagsclassic_opt;
+  chosen.Choose();
+}
 
 void ShowSamples(SetupPage& page, Context& context) {
   const std::wstring year = std::to_wstring(context.clock.CurrentYear());
@@ -137,6 +152,7 @@ void LoadSettings(SetupPage& page, Context& context) {
   LoadServers(page, context);
   LoadPatterns(page, context);
   LoadPlaylistMode(page, context);
+  LoadTagStyle(page, context);
   LoadNetwork(page, context);
 }
 

@@ -16,6 +16,9 @@ void InitSetupPage(SetupPage& page, Context& context, std::function<void()> retr
 // Shows the settings, or their defaults where they are empty.
 void LoadSettings(SetupPage& page, Context& context);
 
+// Shows how tags are written; Apply's question may have changed that meanwhile.
+void LoadTagStyle(SetupPage& page, Context& context);
+
 // Saves every setting and changes the language. Saves nothing when the proxy is ticked and has no name.
 void SaveSetup(SetupPage& page, Context& context, const std::function<void()>& retranslate);
 

@@ -6,6 +6,7 @@
 
 #include "core/messages.h"
 #include "core/notices.h"
+#include "forms/captions.h"
 
 namespace tagrix {
 namespace {
@@ -22,7 +23,7 @@ std::wstring TokenLines(Context& context, int firstToken, std::initializer_list<
   std::wstring lines;
   for (const int message : messages) {
     if (!lines.empty()) lines += L"\r\n";
-    lines += L"%" + std::to_wstring(firstToken++) + L" : " + context.Text(message);
+    lines += L"%" + std::to_wstring(firstToken++) + L" : " + WithoutAccessKeys(context.Text(message));
   }
   return lines;
 }
@@ -35,6 +36,8 @@ Node SetupLayout(SetupPage& page) {
       Framed(page.setup_lngfrm, Column({page.setup_currentlng_lbl, page.setup_lngcmb})),
       Framed(page.setup_renamer_frm, Column({Field(kShortCaptions, page.setup_choosepattern_lbl, page.setup_pat_cmb),
                                              indent(page.setup_pattern_lbl)})),
+      Framed(page.setup_tags_frm,
+             Column({page.setup_tagsask_opt, page.setup_tagsstandard_opt, page.setup_tagsclassic_opt})),
       Framed(page.setup_playlist_frm,
              Column({Field(kShortCaptions, page.setup_plspat_lbl, page.setup_pls_cmb), indent(page.setup_testpls_lbl),
                      page.setup_plsalb_opt, page.setup_plsparent_opt, page.setup_plsspec_opt,
@@ -71,6 +74,10 @@ void TranslateSetupPage(SetupPage& page, Context& context) {
                            {page.setup_autoupd_chk, message::kAutoUpdate},
                            {page.setup_renamer_frm, message::kRenamer},
                            {page.setup_choosepattern_lbl, message::kPatternColon},
+                           {page.setup_tags_frm, message::kTags},
+                           {page.setup_tagsask_opt, message::kAskStyle},
+                           {page.setup_tagsstandard_opt, message::kStandardStyle},
+                           {page.setup_tagsclassic_opt, message::kClassicStyle},
                            {page.setup_playlist_frm, message::kPlaylists},
                            {page.setup_plspat_lbl, message::kPatternColon},
                            {page.setup_plsalb_opt, message::kPlaylistInAlbum},

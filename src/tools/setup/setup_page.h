@@ -26,6 +26,12 @@ struct SetupPage {
   ComboBox setup_pat_cmb{"setup_pat_cmb", true};
   Label setup_pattern_lbl{"setup_pattern_lbl", LabelStyle::Literal};  // sample
 
+  Frame setup_tags_frm{"setup_tags_frm"};
+  OptionGroup tagStyle;
+  OptionButton setup_tagsask_opt{"setup_tagsask_opt", tagStyle};
+  OptionButton setup_tagsstandard_opt{"setup_tagsstandard_opt", tagStyle};
+  OptionButton setup_tagsclassic_opt{"setup_tagsclassic_opt", tagStyle};
+
   Frame setup_playlist_frm{"setup_playlist_frm"};
   Label setup_plspat_lbl{"setup_plspat_lbl"};
   ComboBox setup_pls_cmb{"setup_pls_cmb", true};

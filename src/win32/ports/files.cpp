@@ -107,6 +107,14 @@ void Check(BOOL done, Action action, const std::wstring& path) {
   if (!done) throw LastErrorFailure(action, path);
 }
 
+std::wstring KnownFolder(const KNOWNFOLDERID& id) {
+  wchar_t* path = nullptr;
+  std::wstring folder;
+  if (SHGetKnownFolderPath(id, 0, nullptr, &path) == S_OK) folder = path;
+  CoTaskMemFree(path);
+  return folder;
+}
+
 }  // namespace
 
 std::optional<FileInfo> WinFiles::Find(const std::wstring& path) {
@@ -194,12 +202,7 @@ bool WinFiles::HasVolumeLabel(const std::wstring& drive) {
          label[0] != L'\0';
 }
 
-std::wstring WinFiles::MusicFolder() {
-  wchar_t* path = nullptr;
-  std::wstring folder;
-  if (SHGetKnownFolderPath(FOLDERID_Music, 0, nullptr, &path) == S_OK) folder = path;
-  CoTaskMemFree(path);
-  return folder;
-}
+std::wstring WinFiles::MusicFolder() { return KnownFolder(FOLDERID_Music); }
+std::wstring WinFiles::DesktopFolder() { return KnownFolder(FOLDERID_Desktop); }
 
 }  // namespace tagrix

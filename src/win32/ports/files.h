@@ -27,6 +27,7 @@ class WinFiles : public Files {
   std::vector<std::wstring> Drives() override;
   bool HasVolumeLabel(const std::wstring& drive) override;
   std::wstring MusicFolder() override;
+  std::wstring DesktopFolder() override;
 };
 
 }  // namespace tagrix

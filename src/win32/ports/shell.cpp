@@ -5,6 +5,8 @@
 #include <mmsystem.h>
 #include <shellapi.h>
 
+#include <cstring>
+
 #include "base/paths.h"
 #include "win32/ports/unique.h"
 
@@ -64,6 +66,27 @@ std::unique_ptr<Process> WinShell::Start(const std::wstring& program, const std:
   }
   CloseHandle(started.hThread);
   return std::make_unique<WinProcess>(started.hProcess);
+}
+
+bool WinShell::OpenFile(const std::wstring& path) { return IsFullPath(path) && OpenLink(path); }
+
+bool WinShell::ShowInFolder(const std::wstring& path) {
+  const std::wstring arguments = L"/select,\"" + path + L"\"";
+  const HINSTANCE result = ShellExecuteW(nullptr, nullptr, L"explorer.exe", arguments.c_str(), nullptr, SW_SHOWNORMAL);
+  return reinterpret_cast<INT_PTR>(result) > 32;
+}
+
+void WinShell::CopyText(const std::wstring& text) {
+  if (!OpenClipboard(nullptr)) return;
+  EmptyClipboard();
+  const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
+  // The clipboard owns what it has taken.
+  if (const HGLOBAL copy = GlobalAlloc(GMEM_MOVEABLE, size)) {
+    std::memcpy(GlobalLock(copy), text.c_str(), size);
+    GlobalUnlock(copy);
+    if (SetClipboardData(CF_UNICODETEXT, copy) == nullptr) GlobalFree(copy);
+  }
+  CloseClipboard();
 }
 
 void WinShell::PlaySoundFile(const std::wstring& path) {

@@ -14,6 +14,9 @@ class WinShell : public Shell {
   bool OpenLink(const std::wstring& link) override;
   // A program that asks for an administrator's rights is started by the shell, which asks the user for them.
   std::unique_ptr<Process> Start(const std::wstring& program, const std::wstring& commandLine) override;
+  bool OpenFile(const std::wstring& path) override;
+  bool ShowInFolder(const std::wstring& path) override;
+  void CopyText(const std::wstring& text) override;
   void PlaySoundFile(const std::wstring& path) override;
 };
 

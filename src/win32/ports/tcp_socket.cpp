@@ -12,14 +12,22 @@ constexpr int kLookedUp = 0x4000, kSend = 0x8000;
 
 constexpr size_t kPiece = 65536;  // bytes taken at a time
 
-}  // namespace
+constexpr UINT kLookAgain = 1000;  // milliseconds
 
-Winsock::Winsock() {
-  WSADATA data;
-  WSAStartup(MAKEWORD(2, 2), &data);
+// Begins the use of Windows's sockets, which ends with the process: another thread that ends its own use while this one
+// begins would close the sockets of both under Wine, which counts without a lock.
+void UseSockets() {
+  static const int status = [] {
+    WSADATA data;
+    return WSAStartup(MAKEWORD(2, 2), &data);
+  }();
+  static_cast<void>(status);
 }
 
-WinTcpSocket::WinTcpSocket() : window_([this](UINT message, WPARAM, LPARAM l) { Handle(message, l); }) {}
+}  // namespace
+
+WinTcpSocket::WinTcpSocket()
+    : window_([this](UINT message, WPARAM, LPARAM l) { message == WM_TIMER ? LookAgain() : Handle(message, l); }) {}
 
 WinTcpSocket::~WinTcpSocket() { WinTcpSocket::Close(); }
 
@@ -40,14 +48,13 @@ WinTcpSocket::Addresses WinTcpSocket::LookUp(const std::wstring& host, int port,
 
 void WinTcpSocket::Connect(const std::wstring& host, int port) {
   Close();
-  if (!winsock_) winsock_.emplace();
+  UseSockets();
   state_ = SocketState::ResolvingHost;
   next_ = 0;
   addresses_ = std::make_shared<Addresses>(LookUp(host, port, AI_NUMERICHOST));
   if (!addresses_->empty() || host.empty()) return Post(kLookedUp);
   // The thread may outlive this object; its message then goes nowhere.
   std::thread([addresses = addresses_, host, port, window = window_.Handle(), message = Message()] {
-    const Winsock session;
     *addresses = LookUp(host, port, 0);
     PostMessageW(window, message, 0, kLookedUp);
   }).detach();
@@ -55,6 +62,7 @@ void WinTcpSocket::Connect(const std::wstring& host, int port) {
 
 void WinTcpSocket::Close() {
   ++attempt_;
+  if (socket_) KillTimer(window_.Handle(), 1);
   socket_.Reset();
   addresses_.reset();
   received_.clear();
@@ -83,6 +91,7 @@ void WinTcpSocket::Handle(UINT message, LPARAM l) {
         ConnectNext();
       } else {
         state_ = SocketState::Connected;
+        SetTimer(window_.Handle(), 1, kLookAgain, nullptr);
       }
       break;
     case FD_READ:
@@ -142,6 +151,19 @@ void WinTcpSocket::SendQueued() {
   queued_.clear();
   sent_ = 0;
   if (sendComplete) sendComplete();
+}
+
+// Finds what no notice has told: under Wine, on a busy machine, some may not come.
+void WinTcpSocket::LookAgain() {
+  SendQueued();
+  if (state_ != SocketState::Connected) return;
+  char next = 0;
+  const int count = recv(socket_.Get(), &next, 1, MSG_PEEK);
+  if (count > 0) {
+    Receive();
+  } else if (count == 0 || WSAGetLastError() != WSAEWOULDBLOCK) {
+    EndOfStream(count < 0);
+  }
 }
 
 void WinTcpSocket::EndOfStream(bool reset) {

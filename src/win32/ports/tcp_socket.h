@@ -7,7 +7,6 @@
 #include <windows.h>
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,15 +15,6 @@
 #include "win32/ports/unique.h"
 
 namespace tagrix {
-
-// The use of Windows's sockets, for as long as the object lives.
-class Winsock {
- public:
-  Winsock();
-  ~Winsock() { WSACleanup(); }
-  Winsock(const Winsock&) = delete;
-  Winsock& operator=(const Winsock&) = delete;
-};
 
 struct SocketTraits {
   using Handle = SOCKET;
@@ -56,9 +46,9 @@ class WinTcpSocket : public TcpSocket {
   void ConnectNext();
   bool Receive();
   void SendQueued();
+  void LookAgain();
   void EndOfStream(bool reset);
 
-  std::optional<Winsock> winsock_;
   MessageWindow window_;
   SocketState state_ = SocketState::Closed;
   unsigned attempt_ = 0;

@@ -2,26 +2,37 @@
 
 #include <exception>
 
-#include "base/text.h"
+#include "win32/windows/gdi.h"
 
 namespace tagrix {
-namespace {
-
-constexpr const wchar_t* kNameProperty = L"TagrixControl";
-
-}  // namespace
 
 Binding::Binding(const Site& site, const Control& control, const WindowKind& kind)
     : window_(CreateWindowExW(kind.exStyle, kind.className, control.Text().c_str(),
                               WS_CHILD | WS_CLIPSIBLINGS | kind.style | site.state, site.rect.x, site.rect.y,
                               site.rect.width, site.rect.height, site.form, nullptr, GetModuleHandleW(nullptr),
-                              nullptr)) {
-  NameWindow(window_, control.Name());
+                              nullptr)) {}
+
+Binding::~Binding() { DestroyWindow(window_); }
+
+void Binding::SetPalette(const Palette& palette) {
+  palette_ = &palette;
+  // The light look is the system's own.
+  if (!palette.dark && !themed_) return;
+  themed_ = true;
+  ApplyToScrollBars(window_, palette);
+  Subclass();
 }
 
-Binding::~Binding() {
-  UnnameWindow(window_);
-  DestroyWindow(window_);
+void Binding::PaintDarkBorder() const {
+  RECT area;
+  GetWindowRect(window_, &area);
+  OffsetRect(&area, -area.left, -area.top);
+  const HDC dc = GetWindowDC(window_);
+  const UniqueBrush line(CreateSolidBrush(palette_->line)), field(CreateSolidBrush(palette_->field));
+  FrameRect(dc, &area, line.Get());
+  InflateRect(&area, -1, -1);
+  FrameRect(dc, &area, field.Get());
+  ReleaseDC(window_, dc);
 }
 
 void Binding::SetFonts(const Fonts& fonts) {
@@ -29,13 +40,18 @@ void Binding::SetFonts(const Fonts& fonts) {
 }
 
 void Binding::Subclass() {
+  if (original_ != nullptr) return;
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   original_ = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(Procedure))));
 }
 
 LRESULT Binding::Message(UINT message, WPARAM wParam, LPARAM lParam) {
-  return CallWindowProcW(original_, window_, message, wParam, lParam);
+  const LRESULT result = CallWindowProcW(original_, window_, message, wParam, lParam);
+  const bool bordered = message == WM_NCPAINT && palette_ != nullptr && palette_->dark &&
+                        (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
+  if (bordered) PaintDarkBorder();
+  return result;
 }
 
 LRESULT CALLBACK Binding::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -57,16 +73,6 @@ std::wstring Binding::WindowText() const {
 
 void Binding::ShowText(const std::wstring& text) {
   if (WindowText() != text) SetWindowTextW(window_, text.c_str());
-}
-
-void NameWindow(HWND window, const std::string& name) {
-  const ATOM atom = GlobalAddAtomW(Widen(name).c_str());
-  SetPropW(window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
-}
-
-void UnnameWindow(HWND window) {
-  const HANDLE atom = RemovePropW(window, kNameProperty);
-  if (atom != nullptr) GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(atom)));
 }
 
 }  // namespace tagrix

@@ -11,6 +11,7 @@
 
 #include "forms/control.h"
 #include "win32/windows/fonts.h"
+#include "win32/windows/palette.h"
 
 namespace tagrix {
 
@@ -57,6 +58,8 @@ class Binding {
   virtual void Update(Changes changes) = 0;
   // A font for a new DPI, or after the system's has changed.
   virtual void SetFonts(const Fonts& fonts);
+  // Colours, which stay where they are until the next ones come there.
+  virtual void SetPalette(const Palette& palette);
 
   // What the window reports.
   virtual void Command(int /*code*/) {}
@@ -75,10 +78,15 @@ class Binding {
   std::wstring WindowText() const;
   // Sets the window's text unless it is that already.
   void ShowText(const std::wstring& text);
+  const Palette& Colours() const { return *palette_; }
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void PaintDarkBorder() const;
+
   HWND window_;
+  const Palette* palette_ = nullptr;
+  bool themed_ = false;         // its scroll bars have been made dark once
   WNDPROC original_ = nullptr;  // what `Subclass` has replaced
 };
 
@@ -89,9 +97,9 @@ inline constexpr UINT kHideTooltip = WM_APP + 10;
 // system's code, so the form hands it to whoever runs the event loop.
 inline constexpr UINT kFailed = WM_APP + 11;
 
-// Hangs a name on a window, so that a test in another process can find it, and takes it off again.
-void NameWindow(HWND window, const std::string& name);
-void UnnameWindow(HWND window);
+// Sent to a form by a test in another process: gives the window that shows the control, or is the form, whose name the
+// global atom wParam holds.
+inline constexpr UINT kFindControl = WM_APP + 12;
 
 }  // namespace tagrix
 

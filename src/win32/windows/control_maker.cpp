@@ -11,7 +11,7 @@ namespace {
 
 class Maker : public ControlVisitor {
  public:
-  Maker(const Site& site, const Form& form, bool wraps) : site_(site), form_(form), wraps_(wraps) {}
+  Maker(const Site& site, const Form& form) : site_(site), form_(form) {}
 
   void Visit(Button& button) override {
     if (button.Image().empty()) {
@@ -22,14 +22,12 @@ class Maker : public ControlVisitor {
   }
   void Visit(CheckBox& box) override { Make<TickBox>(box); }
   void Visit(OptionButton& option) override { Make<RadioButton>(option); }
-  void Visit(Label& label) override { Make<StaticText>(label, wraps_); }
+  void Visit(Label&) override {}
   void Visit(TextBox& box) override { Make<EditField>(box); }
   void Visit(ListBox& list) override { Make<ListWindow>(list); }
   void Visit(ComboBox& combo) override { Make<DropDown>(combo); }
-  void Visit(Frame& frame) override {
-    if (!frame.Text().empty()) Make<GroupBox>(frame);
-  }
-  void Visit(ProgressBox& progress) override { Make<ProgressBar>(progress); }
+  void Visit(Frame&) override {}
+  void Visit(ProgressBox&) override {}
   void Visit(TreeBox& tree) override { Make<TreeWindow>(tree); }
   void Visit(Picture& picture) override { Make<PictureWindow>(picture); }
 
@@ -43,13 +41,12 @@ class Maker : public ControlVisitor {
 
   const Site& site_;
   const Form& form_;
-  bool wraps_;
 };
 
 }  // namespace
 
-std::unique_ptr<Binding> MakeBinding(const Site& site, const Form& form, Control& control, bool wraps) {
-  Maker maker(site, form, wraps);
+std::unique_ptr<Binding> MakeBinding(const Site& site, const Form& form, Control& control) {
+  Maker maker(site, form);
   control.Accept(maker);
   return std::move(maker.made);
 }

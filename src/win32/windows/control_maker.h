@@ -9,8 +9,8 @@
 
 namespace tagrix {
 
-// Null for what isn't drawn: a frame without a text. `wraps`: a label whose text may take several lines.
-std::unique_ptr<Binding> MakeBinding(const Site& site, const Form& form, Control& control, bool wraps);
+// Null for what the form draws itself.
+std::unique_ptr<Binding> MakeBinding(const Site& site, const Form& form, Control& control);
 
 }  // namespace tagrix
 

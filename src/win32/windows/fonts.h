@@ -24,6 +24,9 @@ class Fonts : public TextMeasurer {
   Size Measure(std::wstring_view text, int wrapAt, bool heading) const override;
 
  private:
+  // With the font selected.
+  Size MeasureLine(std::tuple<std::wstring, int, bool> key) const;
+
   int dpi_;
   UniqueFont normal_, bold_, heading_;
   UniqueMemoryDc dc_;

@@ -3,6 +3,7 @@
 #define TAGRIX_WIN32_WINDOWS_FORM_CONTENT_H
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "forms/form.h"
 #include "win32/windows/binding.h"
 #include "win32/windows/fonts.h"
+#include "win32/windows/palette.h"
 
 namespace tagrix {
 
@@ -23,6 +25,9 @@ class FormContent : public ControlObserver {
   ~FormContent() override;
 
   void SetFonts(int dpi);
+  // Takes over what the user has chosen in the system's settings.
+  void SetPalette();
+  const Palette& Colours() const { return palette_; }
   int Dpi() const { return fonts_->Dpi(); }
   int Pixels(int units) const { return fonts_->Pixels(units); }
   Size LeastSize() const { return MinimumSize(form_.layout, fonts_->Dpi(), *fonts_); }
@@ -33,6 +38,15 @@ class FormContent : public ControlObserver {
   bool Flush();
   // Puts every window in its place.
   void Place();
+  // Has everything painted anew, borders included.
+  void Repaint() const;
+  // Draws the ground and what has no window.
+  void Paint(HDC dc, const RECT& area);
+  // A program asks that reads the screen aloud: what has no window gets one that stands in for it.
+  void Describe();
+  // The brush behind a field, or behind what stands on the ground, whose colours are set; null where the system's are.
+  HBRUSH ColourField(HDC dc) const;
+  HBRUSH ColourOnGround(HDC dc) const;
 
   // Gives the keyboard to the control, or to the first that takes it.
   void SetFocusTo(const Control* control);
@@ -40,21 +54,33 @@ class FormContent : public ControlObserver {
   void ReplaceFocus(HWND lost);
   // Gives it back to the control that lost it by being disabled or hidden, unless the user has gone on meanwhile.
   void GiveFocusBack();
+  // Gives it to the control that has asked for it last.
+  void GiveWantedFocus();
+  // Gives it to the control whose label, or to the first within the frame whose title has this access key; false when
+  // there is none. The system looks after the keys of windows.
+  bool FollowAccessKey(wchar_t key);
   // Clicks the button if the user could.
   void Press(Button& button);
   // The binding of a control's window; null for other windows (the parts of combo boxes).
   Binding* BindingOf(HWND window) const;
-  // The tooltip for the pointer over a control's window.
-  std::wstring TooltipOf(HWND window) const;
+  // The window of the control of this name, null when it shows none.
+  HWND Find(const std::string& name);
+  // The pointer is over a window of the form, or the form itself: its tooltip is prepared, unless the pointer has only
+  // lain where the form has appeared.
+  void OfferTooltip(HWND under);
+  // A mouse message of the form itself.
+  void TellTooltips(const MSG& message) const;
+  // The tooltip for the pointer over a control's window, or over what is drawn, by the id of its tool.
+  std::wstring TooltipOf(UINT_PTR id) const;
   void HideTooltip() const;
   void ForwardToAll(UINT message) const;
 
  private:
   struct Slot {
     Control* control;
-    bool wraps;
+    bool wraps, drawn;
     Changes changes;
-    std::unique_ptr<Binding> binding;
+    std::unique_ptr<Binding> binding, hiddenLabel;
     Rect rect;
     bool visible = false, enabled = true;
     bool hasTooltip = false;
@@ -64,21 +90,32 @@ class FormContent : public ControlObserver {
   const Slot* SlotOf(HWND window) const;
   Slot& SlotOf(const Control& control) { return slots_[index_.at(&control)]; }
   bool MakeWindow(Slot& slot, const Placement& place);
-  void OfferTooltip(Slot& slot);
+  void MakeHiddenLabels();
+  bool PointerMoved();
+  void ShowTool(Slot& slot);
+  std::size_t SlotNumber(const Slot& slot) const { return static_cast<std::size_t>(&slot - slots_.data()); }
+  void Invalidate(const Rect& rect) const;
+  void RedrawWhereDrawn(const Slot& slot, const Placement& place) const;
   HDWP Move(HDWP moves, Slot& slot, const Placement& place, const HWND* after);
   HWND Enable(const std::vector<Placement>& places);
+  void MarkNextSteps(const std::vector<Placement>& places) const;
 
   HWND window_;
   Form& form_;
   std::unique_ptr<Fonts> fonts_;
+  Palette palette_ = Palette::Current();
+  UniqueBrush ground_{CreateSolidBrush(palette_.ground)}, field_{CreateSolidBrush(palette_.field)};
   std::vector<Slot> slots_;  // in the layout's order
   std::unordered_map<const Control*, std::size_t> index_;
   HWND tooltips_ = nullptr;
-  bool placed_ = false;  // once
+  std::optional<DWORD> firstPointer_;
+  bool placed_ = false;     // once
+  bool described_ = false;  // stand-ins are made
   bool flushPending_ = false;
-  ULONGLONG flushed_ = 0;     // ticks
-  HWND lostFocus_ = nullptr;  // had the keyboard when it was disabled or hidden
-  HWND standIn_ = nullptr;    // has it meanwhile
+  ULONGLONG flushed_ = 0;            // ticks
+  HWND lostFocus_ = nullptr;         // had the keyboard when it was disabled or hidden
+  HWND standIn_ = nullptr;           // has it meanwhile
+  const Control* wanted_ = nullptr;  // has asked for it
 };
 
 }  // namespace tagrix

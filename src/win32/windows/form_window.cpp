@@ -1,7 +1,14 @@
 #include "win32/windows/form_window.h"
 
+#include <shellapi.h>
+
 #include <algorithm>
+#include <iterator>
 #include <utility>
+#include <vector>
+
+#include "base/letter_case.h"
+#include "win32/windows/gdi.h"
 
 namespace tagrix {
 namespace {
@@ -28,9 +35,36 @@ void RegisterForms(WNDPROC procedure) {
   kind.hIcon = ProgramIcon(SM_CXICON);
   kind.hIconSm = ProgramIcon(SM_CXSMICON);
   kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  kind.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
   kind.lpszClassName = kClass;
   RegisterClassExW(&kind);  // from the second form on it is there already
+}
+
+// Whether a key that closes or starts something is being held down: it acts once, so that it goes through no dialog
+// that it closes into the window behind.
+bool IsHeld(const MSG& message) {
+  constexpr LPARAM kWasDown = 1 << 30;
+  if ((message.lParam & kWasDown) == 0) return false;
+  const WPARAM key = message.wParam;
+  switch (message.message) {
+    case WM_KEYDOWN:
+      return key == VK_RETURN || key == VK_ESCAPE;
+    case WM_SYSKEYDOWN:
+      return key != VK_UP && key != VK_DOWN && key != VK_MENU;
+    case WM_SYSCHAR:
+      return true;
+    default:
+      return false;
+  }
+}
+
+std::vector<std::wstring> PathsIn(HDROP drop) {
+  std::vector<std::wstring> paths(DragQueryFileW(drop, ~0U, nullptr, 0));
+  for (UINT i = 0; std::wstring & path : paths) {
+    path.resize(DragQueryFileW(drop, i, nullptr, 0));
+    DragQueryFileW(drop, i++, path.data(), static_cast<UINT>(path.size()) + 1);
+  }
+  DragFinish(drop);
+  return paths;
 }
 
 LONG Width(const RECT& area) { return area.right - area.left; }
@@ -42,21 +76,36 @@ FormWindow::FormWindow(Form& form, HWND owner) : form_(form), owner_(owner), cap
   RegisterForms(Procedure);
   RECT at{CW_USEDEFAULT, CW_USEDEFAULT, 0, 0};
   if (owner != nullptr) GetWindowRect(owner, &at);  // on the same monitor
-  window_ = CreateWindowExW(0, kClass, caption_.c_str(), Style(owner), at.left, at.top, 0, 0, owner, nullptr,
-                            GetModuleHandleW(nullptr), nullptr);
+  window_ = CreateWindowExW(form.dropped ? WS_EX_ACCEPTFILES : 0, kClass, caption_.c_str(), Style(owner), at.left,
+                            at.top, 0, 0, owner, nullptr, GetModuleHandleW(nullptr), nullptr);
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  NameWindow(window_, form.name);
   content_ = std::make_unique<FormContent>(window_, form, static_cast<int>(GetDpiForWindow(window_)));
+  if (content_->Colours().dark) ApplyToTitleBar(window_, content_->Colours());
   PlaceAtStart();
 }
 
 FormWindow::~FormWindow() {
+  KeepSize();
   if (owner_ != nullptr) EnableWindow(owner_, TRUE);
   ShowWindow(window_, SW_HIDE);
   content_.reset();
-  UnnameWindow(window_);
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
+}
+
+// For the next time.
+void FormWindow::KeepSize() {
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  if (!GetWindowPlacement(window_, &placement)) return;
+  RECT none{};
+  const auto style = static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE));
+  AdjustWindowRectExForDpi(&none, style, FALSE, 0, static_cast<UINT>(content_->Dpi()));
+  const auto units = [this](LONG pixels) { return MulDiv(static_cast<int>(pixels), 96, content_->Dpi()); };
+  form_.startSize = {units(Width(placement.rcNormalPosition) - Width(none)),
+                     units(Height(placement.rcNormalPosition) - Height(none))};
+  form_.maximised = placement.showCmd == SW_SHOWMAXIMIZED ||
+                    (placement.showCmd == SW_SHOWMINIMIZED && (placement.flags & WPF_RESTORETOMAXIMIZED) != 0);
 }
 
 FormWindow* FormWindow::Around(HWND window) {
@@ -71,9 +120,13 @@ void FormWindow::Show() {
     Fill();
     ShowWindow(window_, SW_SHOW);
   } else {
-    // Before its controls are made: the user sees sooner that the program comes.
+    // Before its controls are made: the user sees sooner that the program comes. They are painted together, once all
+    // are there, which is much quicker than one by one.
     ShowWindow(window_, form_.maximised ? SW_SHOWMAXIMIZED : SW_SHOWDEFAULT);
+    SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
     Fill();
+    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+    content_->Repaint();
   }
   content_->SetFocusTo(form_.firstFocus);
   UpdateWindow(window_);
@@ -139,9 +192,12 @@ void FormWindow::Flush() {
     caption_ = form_.caption;
     SetWindowTextW(window_, caption_.c_str());
   }
-  if (!content_->Flush()) return;
-  GrowToLeast();
-  Place();
+  if (form_.progress != nullptr) taskbar_.Show(window_, form_.progress->Percent());
+  if (content_->Flush()) {
+    GrowToLeast();
+    Place();
+  }
+  content_->GiveWantedFocus();
 }
 
 void FormWindow::NewFonts(int dpi) {
@@ -151,11 +207,51 @@ void FormWindow::NewFonts(int dpi) {
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
+void FormWindow::Paint() {
+  PAINTSTRUCT paint;
+  const HDC dc = BeginPaint(window_, &paint);
+  if (!IsRectEmpty(&paint.rcPaint)) content_->Paint(Buffered(dc, paint.rcPaint).Dc(), paint.rcPaint);
+  EndPaint(window_, &paint);
+}
+
+void FormWindow::NewPalette() {
+  content_->SetPalette();
+  ApplyToTitleBar(window_, content_->Colours());
+  content_->Repaint();
+}
+
+HWND FormWindow::Find(ATOM name) {
+  char text[256] = "";
+  if (GlobalGetAtomNameA(name, text, static_cast<int>(std::size(text))) == 0) return nullptr;
+  return form_.name == text ? window_ : content_->Find(text);
+}
+
 bool FormWindow::TakeKey(MSG& message) {
+  if (IsHeld(message)) return true;
+  // Without Alt a letter is no access key here: a stray one must not start anything.
+  if (message.message == WM_CHAR && owner_ == nullptr) return false;
+  if (message.message == WM_SYSCHAR && content_->FollowAccessKey(ToLower(static_cast<wchar_t>(message.wParam)))) {
+    return true;
+  }
+  if (message.message == WM_KEYDOWN && FollowFormKey(message.wParam)) return true;
   if (message.message == WM_KEYDOWN && (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE)) {
     if (EnterOrEsc(message.wParam)) return true;
   }
   return IsDialogMessageW(window_, &message) != FALSE;
+}
+
+bool FormWindow::FollowFormKey(WPARAM key) {
+  if (!form_.keyPressed) return false;
+  const bool control = GetKeyState(VK_CONTROL) < 0, shift = GetKeyState(VK_SHIFT) < 0;
+  if (GetKeyState(VK_MENU) < 0) return false;
+  if (control && key >= '1' && key <= '9') return form_.keyPressed(FormKey::Page, static_cast<int>(key - '1'));
+  if (control && key == VK_TAB) return form_.keyPressed(shift ? FormKey::PreviousPage : FormKey::NextPage, 0);
+  // A field that can be edited undoes what was typed.
+  if (control && key == 'Z') {
+    return SendMessageW(GetFocus(), EM_CANUNDO, 0, 0) == 0 && form_.keyPressed(FormKey::Undo, 0);
+  }
+  if (key == VK_F1) return form_.keyPressed(FormKey::Help, 0);
+  return key == VK_F5 && form_.keyPressed(FormKey::Reload, 0);
 }
 
 bool FormWindow::EnterOrEsc(WPARAM key) {
@@ -167,6 +263,8 @@ bool FormWindow::EnterOrEsc(WPARAM key) {
     if (form_.defaultButton != nullptr) content_->Press(*form_.defaultButton);
   } else if (owner_ != nullptr) {
     form_.RequestClose();
+  } else if (form_.escaped) {
+    form_.escaped();
   }
   return true;
 }
@@ -208,6 +306,40 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case kFailed:
       failure_ = *reinterpret_cast<const std::exception_ptr*>(lParam);
       return 0;
+    case kFindControl:
+      return reinterpret_cast<LRESULT>(Find(static_cast<ATOM>(wParam)));
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORLISTBOX:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN: {
+      const auto dc = reinterpret_cast<HDC>(wParam);
+      const bool field = message == WM_CTLCOLOREDIT || message == WM_CTLCOLORLISTBOX;
+      const HBRUSH brush = field ? content_->ColourField(dc) : content_->ColourOnGround(dc);
+      if (brush == nullptr) break;
+      return reinterpret_cast<LRESULT>(brush);
+    }
+    case WM_GETOBJECT: {
+      constexpr LONG kAutomationRoot = -25;  // UiaRootObjectId
+      const auto object = static_cast<LONG>(lParam);
+      if (object == OBJID_CLIENT || object == kAutomationRoot) content_->Describe();
+      break;
+    }
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_ERASEBKGND:
+      return TRUE;  // drawn over wholly
+    case WM_UPDATEUISTATE:
+      InvalidateRect(window_, nullptr, FALSE);
+      break;
+    case WM_SETCURSOR:
+      content_->OfferTooltip(reinterpret_cast<HWND>(wParam));
+      break;
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+      content_->TellTooltips({window_, message, wParam, lParam, 0, {}});
+      break;
     case kHideTooltip:
       content_->HideTooltip();
       return 0;
@@ -226,9 +358,11 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_SETTINGCHANGE:
       if (wParam == SPI_SETNONCLIENTMETRICS || wParam == SPI_SETHIGHCONTRAST) NewFonts(content_->Dpi());
+      NewPalette();  // light or dark comes without a number
       break;
     case WM_SYSCOLORCHANGE:
       content_->ForwardToAll(message);
+      NewPalette();
       break;
     case WM_ACTIVATE:
       if (LOWORD(wParam) == WA_INACTIVE && IsChild(window_, GetFocus())) lastFocus_ = GetFocus();
@@ -244,6 +378,11 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CLOSE:
       if (IsWindowEnabled(window_)) form_.RequestClose();
       return 0;
+    case WM_DROPFILES: {
+      std::vector<std::wstring> paths = PathsIn(reinterpret_cast<HDROP>(wParam));
+      if (IsWindowEnabled(window_) && form_.dropped) form_.dropped(std::move(paths));
+      return 0;
+    }
     case WM_QUERYENDSESSION:
       return TRUE;
     default:
@@ -254,7 +393,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT FormWindow::Notify(NMHDR& note) {
   if (note.code == TTN_GETDISPINFOW) {
-    tooltip_ = content_->TooltipOf(reinterpret_cast<HWND>(note.idFrom));
+    tooltip_ = content_->TooltipOf(note.idFrom);
     reinterpret_cast<NMTTDISPINFOW&>(note).lpszText = tooltip_.data();
     return 0;
   }

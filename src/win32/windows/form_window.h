@@ -10,6 +10,7 @@
 
 #include "forms/form.h"
 #include "win32/windows/form_content.h"
+#include "win32/windows/taskbar_progress.h"
 
 namespace tagrix {
 
@@ -38,7 +39,12 @@ class FormWindow {
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT Notify(NMHDR& note);
   bool EnterOrEsc(WPARAM key);
+  bool FollowFormKey(WPARAM key);
+  void KeepSize();
 
+  void Paint();
+  void NewPalette();
+  HWND Find(ATOM name);
   void Flush();
   SIZE WindowSize(Size client) const;
   RECT WorkArea() const;
@@ -54,6 +60,7 @@ class FormWindow {
   HWND owner_;
   HWND window_;
   std::unique_ptr<FormContent> content_;
+  TaskbarProgress taskbar_;
   std::wstring caption_;
   std::wstring tooltip_;      // the text handed out last
   bool filled_ = false;       // the controls are made

@@ -7,7 +7,7 @@
 
 #include "base/letter_case.h"
 #include "base/text.h"
-#include "win32/windows/picture_window.h"
+#include "win32/windows/gdi.h"
 
 namespace tagrix {
 namespace {
@@ -41,6 +41,13 @@ void ListWindow::SetFonts(const Fonts& fonts) {
   dpi_ = fonts.Dpi();
   bold_ = fonts.Bold();
   FitColumns();
+}
+
+void ListWindow::SetPalette(const Palette& palette) {
+  Binding::SetPalette(palette);
+  Ask(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(palette.field));
+  Ask(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(palette.field));
+  Ask(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(palette.text));
 }
 
 void ListWindow::Update(Changes changes) {
@@ -181,32 +188,112 @@ std::optional<LRESULT> ListWindow::Notify(NMHDR& note) {
 
 void ListWindow::ShowCell(LVITEMW& item) {
   if ((item.mask & LVIF_TEXT) == 0) return;
-  cell_.clear();
-  if (IsRow(item.iItem)) {
-    const bool plain = list_.Columns().empty() || !list_.cell;
-    cell_ = plain ? list_.ItemText(item.iItem) : list_.cell(item.iItem, item.iSubItem);
-  }
+  cell_ = IsRow(item.iItem) ? CellText(item.iItem, item.iSubItem) : std::wstring();
   item.pszText = cell_.data();
 }
 
+std::wstring ListWindow::CellText(int row, int column) const {
+  return list_.Columns().empty() || !list_.cell ? list_.ItemText(row) : list_.cell(row, column);
+}
+
+// A chosen row is seen as one wherever the keyboard is.
 LRESULT ListWindow::Colour(NMLVCUSTOMDRAW& draw) const {
-  if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return list_.mark ? CDRF_NOTIFYITEMDRAW : CDRF_DODEFAULT;
+  if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   const int row = static_cast<int>(draw.nmcd.dwItemSpec);
+  if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT) MarkDragged(draw.nmcd.hdc, row);
   if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || !IsRow(row)) return CDRF_DODEFAULT;
-  switch (list_.mark(row)) {
-    case RowMark::None:
-      return CDRF_DODEFAULT;
-    case RowMark::Changed:
-      SelectObject(draw.nmcd.hdc, bold_);
-      return CDRF_NEWFONT;
-    case RowMark::Dim:
-      draw.clrText = ColourOf(Ink::DimText);
-      return CDRF_DODEFAULT;
-    case RowMark::Wrong:
-      draw.clrText = ColourOf(Ink::Error);
-      return CDRF_DODEFAULT;
+  const LRESULT after = row == dragged_ ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
+  const Palette& colours = Colours();
+  const RowMark mark = list_.mark ? list_.mark(row) : RowMark::None;
+  draw.clrTextBk = colours.field;
+  draw.clrText = mark == RowMark::Dim        ? colours.dimText
+                 : mark == RowMark::Doubtful ? colours.warning
+                 : mark == RowMark::Wrong    ? colours.error
+                                             : colours.text;
+  if (list_.Selected(row)) {
+    const bool focused = GetFocus() == Window();
+    draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+    draw.clrTextBk = focused ? colours.selected : colours.resting;
+    // The colour of a mark would not stand out from that of the choice.
+    draw.clrText = focused ? colours.onSelected : colours.onResting;
   }
-  return CDRF_DODEFAULT;
+  if (mark != RowMark::Changed && mark != RowMark::Wrong) return after;
+  SelectObject(draw.nmcd.hdc, bold_);
+  return CDRF_NEWFONT | after;
+}
+
+// The titles have no colours that can be set.
+LRESULT ListWindow::DrawTitle(const NMCUSTOMDRAW& draw) const {
+  const Palette& colours = Colours();
+  if (!colours.dark) return CDRF_DODEFAULT;
+  const UniqueBrush ground(CreateSolidBrush(colours.ground)), line(CreateSolidBrush(colours.line));
+  RECT area = draw.rc;
+  FillRect(draw.hdc, &area, ground.Get());
+  if (draw.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (draw.dwDrawStage != CDDS_ITEMPREPAINT || draw.dwItemSpec >= list_.Columns().size()) return CDRF_DODEFAULT;
+  const RECT edge{area.right - 1, area.top, area.right, area.bottom};
+  FillRect(draw.hdc, &edge, line.Get());
+  const ListColumn& column = list_.Columns()[draw.dwItemSpec];
+  InflateRect(&area, -MulDiv(6, dpi_, 96), 0);
+  SetBkMode(draw.hdc, TRANSPARENT);
+  SetTextColor(draw.hdc, colours.text);
+  DrawTextW(draw.hdc, column.title.c_str(), static_cast<int>(column.title.size()), &area,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | (column.alignRight ? DT_RIGHT : DT_LEFT));
+  return CDRF_SKIPDEFAULT;
+}
+
+void ListWindow::DrawHint() const {
+  if (list_.Count() > 0 || list_.Hint().empty()) return;
+  RECT area;
+  GetClientRect(Window(), &area);
+  if (HasTitles(list_)) {
+    RECT titles;
+    GetClientRect(reinterpret_cast<HWND>(Ask(LVM_GETHEADER)), &titles);
+    area.top += titles.bottom;
+  }
+  InflateRect(&area, -MulDiv(12, dpi_, 96), -MulDiv(12, dpi_, 96));
+  const HDC dc = GetDC(Window());
+  {
+    const Selected font(dc, reinterpret_cast<HFONT>(Ask(WM_GETFONT)));
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, Colours().dimText);
+    const std::wstring& hint = list_.Hint();
+    DrawTextW(dc, hint.c_str(), static_cast<int>(hint.size()), &area, DT_WORDBREAK | DT_CENTER | DT_NOPREFIX);
+  }
+  ReleaseDC(Window(), dc);
+}
+
+// By the keyboard it opens below the row that has it.
+void ListWindow::ShowMenu(POINT at) {
+  TakeSelection();
+  if (!list_.menu || !list_.Enabled()) return;
+  const std::vector<MenuEntry> entries = list_.menu();
+  if (entries.empty()) return;
+  if (at.x == -1 && at.y == -1) {
+    RECT row{LVIR_BOUNDS, 0, 0, 0};
+    Ask(LVM_GETITEMRECT, static_cast<WPARAM>(std::max(0, list_.Focus())), reinterpret_cast<LPARAM>(&row));
+    at = {MulDiv(16, dpi_, 96), list_.Count() > 0 ? row.bottom : 0};
+    ClientToScreen(Window(), &at);
+  }
+  const HMENU menu = CreatePopupMenu();
+  for (UINT_PTR id = 1; const MenuEntry& entry : entries) {
+    AppendMenuW(menu, MF_STRING | (entry.enabled ? MF_ENABLED : MF_GRAYED), id++, entry.text.c_str());
+  }
+  const int chosen =
+      TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, at.x, at.y, 0, Window(), nullptr);
+  DestroyMenu(menu);
+  if (chosen > 0) entries[static_cast<std::size_t>(chosen) - 1].chosen();
+}
+
+// A frame around the row that the pointer drags.
+void ListWindow::MarkDragged(HDC dc, int row) const {
+  RECT area{LVIR_BOUNDS, 0, 0, 0};
+  Ask(LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
+  const UniqueBrush accent(CreateSolidBrush(Colours().accent));
+  for (int i = std::max(1, MulDiv(2, dpi_, 96)); i > 0; --i) {
+    FrameRect(dc, &area, accent.Get());
+    InflateRect(&area, -1, -1);
+  }
 }
 
 int ListWindow::FindText(const NMLVFINDITEMW& wanted) const {
@@ -222,6 +309,7 @@ int ListWindow::FindText(const NMLVFINDITEMW& wanted) const {
 bool ListWindow::KeyDown(UINT key) {
   TakeSelection();
   if (key == VK_DELETE) list_.PressKey(ListKey::Delete);
+  if (key == VK_F2) list_.PressKey(ListKey::Rename);
   if (key != 'A' || !list_.MultiSelect() || !KeyIsDown(VK_CONTROL)) return false;
   SetRowState(-1, LVIS_SELECTED, LVIS_SELECTED);
   return true;
@@ -241,8 +329,13 @@ std::wstring ListWindow::TooltipHere() {
   POINT point;
   GetCursorPos(&point);
   ScreenToClient(Window(), &point);
-  const int row = RowAt(point);
-  return IsRow(row) ? list_.ItemText(row) : std::wstring();
+  LVHITTESTINFO hit{};
+  hit.pt = point;
+  if (!IsRow(static_cast<int>(Ask(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit))))) return {};
+  const std::wstring text = CellText(hit.iItem, hit.iSubItem);
+  const LRESULT width = Ask(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())) + MulDiv(12, dpi_, 96);
+  return width > Ask(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(hit.iSubItem)) ? list_.ItemText(hit.iItem)
+                                                                            : std::wstring();
 }
 
 // Another row has another tooltip.
@@ -261,6 +354,7 @@ void ListWindow::BeginDrag(int row) {
   TakeSelection();
   if (!list_.dragged || !IsRow(row)) return;
   dragged_ = row;
+  InvalidateRect(Window(), nullptr, FALSE);
   SetCapture(Window());
   SetTimer(Window(), kDragTimer, kDragStep, nullptr);
 }
@@ -288,6 +382,7 @@ void ListWindow::DragOn() {
 
 void ListWindow::EndDrag() {
   dragged_ = -1;
+  InvalidateRect(Window(), nullptr, FALSE);
   KillTimer(Window(), kDragTimer);
 }
 
@@ -301,6 +396,32 @@ LRESULT ListWindow::Message(UINT message, WPARAM wParam, LPARAM lParam) {
       FitColumns();
       return result;
     }
+    case WM_PAINT: {
+      const LRESULT result = Binding::Message(message, wParam, lParam);
+      DrawHint();
+      return result;
+    }
+    case WM_NOTIFY: {
+      const auto& note = *reinterpret_cast<const NMHDR*>(lParam);
+      if (note.code != NM_CUSTOMDRAW) break;
+      const LRESULT drawn = DrawTitle(reinterpret_cast<const NMCUSTOMDRAW&>(note));
+      if (drawn != CDRF_DODEFAULT) return drawn;
+      break;
+    }
+    case WM_ENABLE: {
+      // The system gives it others of its own.
+      const LRESULT result = Binding::Message(message, wParam, lParam);
+      if (Colours().dark) SetPalette(Colours());
+      InvalidateRect(Window(), nullptr, TRUE);
+      return result;
+    }
+    case WM_CONTEXTMENU:
+      ShowMenu({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      return 0;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      InvalidateRect(Window(), nullptr, FALSE);
+      break;
     case WM_SYSKEYDOWN:
       if (wParam != VK_UP && wParam != VK_DOWN) break;
       TakeSelection();

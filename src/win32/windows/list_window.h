@@ -15,6 +15,7 @@ class ListWindow : public Binding {
   ListWindow(const Site& site, ListBox& list);
   void Update(Changes changes) override;
   void SetFonts(const Fonts& fonts) override;
+  void SetPalette(const Palette& palette) override;
   std::optional<LRESULT> Notify(NMHDR& note) override;
   bool TakeKey(WPARAM key) override;
   std::wstring TooltipHere() override;
@@ -39,11 +40,16 @@ class ListWindow : public Binding {
 
   void ShowCell(LVITEMW& item);
   LRESULT Colour(NMLVCUSTOMDRAW& draw) const;
+  void MarkDragged(HDC dc, int row) const;
+  LRESULT DrawTitle(const NMCUSTOMDRAW& draw) const;
+  void DrawHint() const;
+  void ShowMenu(POINT at);
   int FindText(const NMLVFINDITEMW& wanted) const;
   bool KeyDown(UINT key);
 
   void Hover(POINT point);
   int RowAt(POINT point) const;
+  std::wstring CellText(int row, int column) const;
   void BeginDrag(int row);
   void DragOn();
   void EndDrag();

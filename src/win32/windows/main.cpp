@@ -1,7 +1,8 @@
 // The program: chooses the implementations of the ports and shows the main window.
 #include <windows.h>
-// Needs windows.h before it.
+// Need windows.h before them.
 #include <commctrl.h>
+#include <shellapi.h>
 
 #include "app/main_window.h"
 #include "base/paths.h"
@@ -32,7 +33,21 @@ std::wstring ProgramFolder() {
   return WithoutBackslash(std::wstring(FolderPart(path)));
 }
 
-int Run() {
+// The path that the program was started with ("Send to", a folder dropped on its icon); empty without one.
+std::wstring PathArgument(const wchar_t* arguments) {
+  int count = 0;
+  std::wstring path;
+  if (*arguments == L'\0') return path;  // the function below takes the first for the program's name
+  wchar_t** const parts = CommandLineToArgvW(arguments, &count);
+  if (parts != nullptr && count > 0) {
+    path.resize(GetFullPathNameW(parts[0], 0, nullptr, nullptr));
+    path.resize(GetFullPathNameW(parts[0], static_cast<DWORD>(path.size()), path.data(), nullptr));
+  }
+  LocalFree(parts);
+  return path;
+}
+
+int Run(const wchar_t* arguments) {
   PrepareProcess();
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES |
                                                            ICC_TREEVIEW_CLASSES | ICC_PROGRESS_CLASS | ICC_BAR_CLASSES};
@@ -50,6 +65,7 @@ int Run() {
   Context context(Ports{files, registry, codePage, events, clock, shell, prompts, socket, ftp, https}, ProgramFolder());
   MainWindow window(context);
   if (!window.StartUp()) return 1;
+  window.openAtStart = PathArgument(arguments);
   prompts.ShowModal(window.form);
   return 0;
 }
@@ -57,6 +73,6 @@ int Run() {
 }  // namespace
 }  // namespace tagrix
 
-int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*commandLine*/, int /*show*/) {
-  return tagrix::RunShowingFailures(tagrix::Run);
+int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR arguments, int /*show*/) {
+  return tagrix::RunShowingFailures([arguments] { return tagrix::Run(arguments); });
 }

@@ -22,9 +22,6 @@ class PictureWindow : public Binding {
   int dpi_ = 96;
 };
 
-// The colour of an ink under the user's theme and contrast.
-COLORREF ColourOf(Ink ink);
-
 }  // namespace tagrix
 
 #endif

@@ -3,6 +3,8 @@
 // Need windows.h before them.
 #include <cderr.h>
 #include <commdlg.h>
+#include <objbase.h>
+#include <shlobj.h>
 
 #include <algorithm>
 #include <string_view>
@@ -96,6 +98,30 @@ OpenFilesAnswer WinPrompts::OpenFiles(const OpenFilesRequest& request) {
     if (GetOpenFileNameW(&dialog)) return ReadAnswer(chosen, dialog.nFileOffset);
     if (CommDlgExtendedError() != FNERR_BUFFERTOOSMALL) return {};
   }
+}
+
+std::wstring WinPrompts::ChooseNetworkFolder() {
+  struct Apartment {  // what the system's dialog lives in
+    HRESULT entered = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    ~Apartment() {
+      if (SUCCEEDED(entered)) CoUninitialize();
+    }
+  } const apartment;
+  std::wstring folder;
+  std::wstring name(MAX_PATH, L'\0');
+  PIDLIST_ABSOLUTE network = nullptr;
+  SHGetKnownFolderIDList(FOLDERID_NetworkFolder, 0, nullptr, &network);
+  BROWSEINFOW browse{};
+  browse.hwndOwner = Owner();
+  browse.pidlRoot = network;
+  browse.pszDisplayName = name.data();
+  browse.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE | BIF_NONEWFOLDERBUTTON;
+  if (PIDLIST_ABSOLUTE chosen = SHBrowseForFolderW(&browse); chosen != nullptr) {
+    if (SHGetPathFromIDListW(chosen, name.data())) folder = name.substr(0, name.find(L'\0'));
+    CoTaskMemFree(chosen);
+  }
+  CoTaskMemFree(network);
+  return folder;
 }
 
 }  // namespace tagrix

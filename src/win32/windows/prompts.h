@@ -21,6 +21,7 @@ class WinPrompts : public Prompts {
   // that it belongs to, closes.
   void ShowModal(Form& dialog) override;
   OpenFilesAnswer OpenFiles(const OpenFilesRequest& request) override;
+  std::wstring ChooseNetworkFolder() override;
 
  private:
   HWND Owner() const;

@@ -2,43 +2,9 @@
 
 #include <algorithm>
 
+#include "win32/windows/gdi.h"
+
 namespace tagrix {
-namespace {
-
-DWORD LabelStyleBits(const Label& label, bool wraps) {
-  const bool oneLine = label.Text().find(L'\n') == std::wstring::npos;
-  switch (label.Style()) {
-    case LabelStyle::Path:
-      return SS_LEFT | SS_PATHELLIPSIS;
-    case LabelStyle::Literal:
-      if (wraps) return SS_LEFT | SS_NOPREFIX | SS_EDITCONTROL;
-      return SS_LEFT | SS_NOPREFIX | (oneLine ? SS_ENDELLIPSIS : 0);
-    case LabelStyle::Caption:
-    case LabelStyle::Heading:
-      break;
-  }
-  return wraps ? SS_LEFT | SS_EDITCONTROL : SS_LEFTNOWORDWRAP;
-}
-
-}  // namespace
-
-// SS_NOTIFY lets the pointer rest on it, for tooltips.
-StaticText::StaticText(const Site& site, Label& label, bool wraps)
-    : Binding(site, label, {WC_STATICW, SS_NOTIFY}), label_(label), wraps_(wraps) {}
-
-void StaticText::Update(Changes changes) {
-  if (!changes.Has(Change::Text)) return;
-  const LONG_PTR others =
-      GetWindowLongPtrW(Window(), GWL_STYLE) & ~(SS_TYPEMASK | SS_NOPREFIX | SS_EDITCONTROL | SS_ELLIPSISMASK);
-  SetWindowLongPtrW(Window(), GWL_STYLE, others | static_cast<LONG_PTR>(LabelStyleBits(label_, wraps_)));
-  ShowText(label_.Text());
-}
-
-void StaticText::SetFonts(const Fonts& fonts) {
-  const HFONT font = label_.Style() == LabelStyle::Heading ? fonts.Heading() : fonts.Normal();
-  SendMessageW(Window(), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-}
-
 EditField::EditField(const Site& site, TextBox& box)
     : Binding(site, box, {WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
   SendMessageW(Window(), EM_SETLIMITTEXT, 0, 0);  // none
@@ -67,6 +33,21 @@ void EditField::Command(int code) {
   if (text == box_.Text()) return;
   box_.Type(std::move(text));
   ShowContent();  // at once, before the next key
+}
+
+// What is cut off.
+std::wstring EditField::TooltipHere() {
+  const std::wstring text = WindowText();
+  RECT area;
+  SendMessageW(Window(), EM_GETRECT, 0, reinterpret_cast<LPARAM>(&area));
+  const HDC dc = GetDC(Window());
+  SIZE extent{};
+  {
+    const Selected font(dc, reinterpret_cast<HFONT>(SendMessageW(Window(), WM_GETFONT, 0, 0)));
+    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &extent);
+  }
+  ReleaseDC(Window(), dc);
+  return extent.cx > area.right - area.left ? text : std::wstring();
 }
 
 DropDown::DropDown(const Site& site, ComboBox& combo)
@@ -110,35 +91,64 @@ void DropDown::Command(int code) {
   }
 }
 
+LRESULT DropDown::Message(UINT message, WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = Binding::Message(message, wParam, lParam);
+  if (message == WM_PAINT && Colours().dark) PaintDark();
+  return result;
+}
+
+// Over what the system has painted: the border, the arrow and, where it isn't an edit field, the text.
+void DropDown::PaintDark() const {
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  if (!GetComboBoxInfo(Window(), &parts)) return;
+  RECT area;
+  GetClientRect(Window(), &area);
+  const HDC dc = GetDC(Window());
+  const UniqueBrush line(CreateSolidBrush(Colours().line)), field(CreateSolidBrush(Colours().field));
+  const COLORREF ink = IsWindowEnabled(Window()) ? Colours().text : Colours().dimText;
+  RECT text = area;
+  text.right = parts.rcButton.left;
+  if (combo_.Editable()) {
+    const RECT inside = text;
+    for (const int by : {-1, -2}) {
+      RECT border = inside;
+      InflateRect(&border, by, by);
+      FrameRect(dc, &border, field.Get());
+    }
+    const RECT button{parts.rcButton.left - 1, area.top, area.right, area.bottom};
+    FillRect(dc, &button, field.Get());
+  } else {
+    FillRect(dc, &area, field.Get());
+    const Selected font(dc, reinterpret_cast<HFONT>(SendMessageW(Window(), WM_GETFONT, 0, 0)));
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, ink);
+    InflateRect(&text, -4, 0);
+    DrawTextW(dc, combo_.Text().c_str(), static_cast<int>(combo_.Text().size()), &text,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    if (GetFocus() == Window()) {
+      RECT around = area;
+      InflateRect(&around, -2, -2);
+      DrawFocusRect(dc, &around);
+    }
+  }
+  FrameRect(dc, &area, line.Get());
+  const LONG x = (parts.rcButton.left + parts.rcButton.right) / 2, y = (area.top + area.bottom) / 2;
+  const LONG half = (parts.rcButton.right - parts.rcButton.left) / 5;
+  const UniqueBrush arrow(CreateSolidBrush(ink));
+  {
+    const Selected none(dc, GetStockObject(NULL_PEN)), inside(dc, arrow.Get());
+    const POINT corners[] = {{x - half, y - half / 2}, {x + half, y - half / 2}, {x, y + half / 2 + 1}};
+    Polygon(dc, corners, 3);
+  }
+  ReleaseDC(Window(), dc);
+}
+
 bool DropDown::TakeKey(WPARAM key) {
   if (Ask(CB_GETDROPPEDSTATE) == 0) return false;
   // As F4 and Alt+Up do: Enter keeps the choice, Esc drops it.
   SendMessageW(Window(), CB_SHOWDROPDOWN, FALSE, 0);
   return key == VK_RETURN || key == VK_ESCAPE;
-}
-
-GroupBox::GroupBox(const Site& site, Frame& frame) : Binding(site, frame, {WC_BUTTONW, BS_GROUPBOX}), frame_(frame) {
-  Subclass();
-}
-
-void GroupBox::Update(Changes changes) {
-  if (changes.Has(Change::Text)) ShowText(frame_.Text());
-}
-
-LRESULT GroupBox::Message(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != WM_ERASEBKGND) return Binding::Message(message, wParam, lParam);
-  // It stands behind what is in it, and the form is clipped by it: so it paints the ground itself.
-  RECT area;
-  GetClientRect(Window(), &area);
-  FillRect(reinterpret_cast<HDC>(wParam), &area, GetSysColorBrush(COLOR_3DFACE));
-  return TRUE;
-}
-
-ProgressBar::ProgressBar(const Site& site, ProgressBox& progress)
-    : Binding(site, progress, {PROGRESS_CLASSW, PBS_SMOOTH}), progress_(progress) {}
-
-void ProgressBar::Update(Changes changes) {
-  if (changes.Has(Change::Selection)) SendMessageW(Window(), PBM_SETPOS, static_cast<WPARAM>(progress_.Percent()), 0);
 }
 
 }  // namespace tagrix

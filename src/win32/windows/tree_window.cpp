@@ -28,6 +28,12 @@ void TreeWindow::Update(Changes changes) {
   if (changes.Has(Change::Selection)) ShowSelection();
 }
 
+void TreeWindow::SetPalette(const Palette& palette) {
+  Binding::SetPalette(palette);
+  Ask(TVM_SETBKCOLOR, 0, static_cast<LPARAM>(palette.field));
+  Ask(TVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(palette.text));
+}
+
 void TreeWindow::ShowSelection() {
   RECT area;
   GetClientRect(Window(), &area);
@@ -95,14 +101,16 @@ HTREEITEM TreeWindow::Child(HTREEITEM parent, const std::wstring& name) {
 
 void TreeWindow::ShowPath(const std::wstring& path) {
   const std::vector<std::wstring> parts = Split(path, L"\\");
-  const std::wstring root = WithBackslash(parts.front());
+  // A drive, or a share of another computer: "", "", "server", "share", ...
+  const std::size_t first = path.starts_with(L"\\\\") && parts.size() > 3 ? 4 : 1;
+  const std::wstring root = first == 1 ? WithBackslash(parts.front()) : L"\\\\" + parts[2] + L"\\" + parts[3] + L"\\";
   HTREEITEM item = Next(TVGN_ROOT, nullptr);
   if (item == nullptr || !EqualIgnoringCase(Name(item), root)) {
     Ask(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
     item = Insert(TVI_ROOT, root);
   }
   // A folder that is gone leaves the nearest one above it selected.
-  for (std::size_t i = 1; i < parts.size() && !parts[i].empty(); ++i) {
+  for (std::size_t i = first; i < parts.size() && !parts[i].empty(); ++i) {
     const HTREEITEM child = Child(item, parts[i]);
     if (child == nullptr) break;
     item = child;
@@ -124,6 +132,17 @@ std::optional<LRESULT> TreeWindow::Notify(NMHDR& note) {
     const NMTREEVIEWW& view = reinterpret_cast<NMTREEVIEWW&>(note);
     if (view.action == TVE_EXPAND) Fill(view.itemNew.hItem);
     return 0;
+  }
+  if (note.code == NM_CUSTOMDRAW) {
+    auto& draw = reinterpret_cast<NMTVCUSTOMDRAW&>(note);
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || (draw.nmcd.uItemState & CDIS_SELECTED) == 0) {
+      return CDRF_DODEFAULT;
+    }
+    const bool focused = GetFocus() == Window();
+    draw.clrTextBk = focused ? Colours().selected : Colours().resting;
+    draw.clrText = focused ? Colours().onSelected : Colours().onResting;
+    return CDRF_DODEFAULT;
   }
   if (note.code == TVN_SELCHANGEDW) {
     const HTREEITEM item = reinterpret_cast<NMTREEVIEWW&>(note).itemNew.hItem;

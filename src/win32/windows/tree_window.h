@@ -13,6 +13,7 @@ class TreeWindow : public Binding {
  public:
   TreeWindow(const Site& site, TreeBox& tree);
   void Update(Changes changes) override;
+  void SetPalette(const Palette& palette) override;
   std::optional<LRESULT> Notify(NMHDR& note) override;
 
  protected:
