@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string_view>
-#include <vector>
 
 #include "platform/files.h"
 
@@ -21,14 +21,14 @@ class ByteWindow {
   std::uint64_t Size() const { return size_; }
   bool Stopped() const { return stopped_; }
 
-  // The `count` bytes at `at`, fewer only at the end of the file. Valid until the next call.
+  // The `count` bytes at `at`, at most 64 KiB, fewer only at the end of the file. Valid until the next call.
   std::string_view View(std::uint64_t at, std::size_t count) { return Ahead(at, count).substr(0, count); }
   // As many from `at` on as are at hand; like View, at least `count`.
   std::string_view Ahead(std::uint64_t at, std::size_t count) {
     const std::uint64_t end = start_ + held_;
     if (at < start_ || at > end || (at + count > end && end < size_)) Fill(at, count);
     const auto skipped = static_cast<std::size_t>(at - start_);
-    return {buffer_.data() + skipped, held_ - skipped};
+    return {buffer_.get() + skipped, held_ - skipped};
   }
 
  private:
@@ -37,10 +37,9 @@ class ByteWindow {
 
   void Fill(std::uint64_t at, std::size_t count) {
     const bool onward = held_ > 0 && at >= start_ && at - start_ <= 2 * held_;  // frames are passed over, too
-    const std::size_t block = std::max(count, onward ? std::min(held_ * 4, kLarge) : kSmall);
-    if (buffer_.size() < block) buffer_.resize(block);
+    const std::size_t block = onward ? kLarge : std::max(count, kSmall);
     start_ = at;
-    held_ = at < size_ && !stopped_ ? file_.Read(at, buffer_.data(), block) : 0;
+    held_ = at < size_ && !stopped_ ? file_.Read(at, buffer_.get(), block) : 0;
     unpaused_ += held_;
     if (unpaused_ < kBetweenPauses || !goOn_) return;
     unpaused_ = 0;
@@ -51,7 +50,7 @@ class ByteWindow {
   const std::function<bool()>& goOn_;
   std::uint64_t size_, start_ = 0, unpaused_ = 0;
   std::size_t held_ = 0;  // from `start_` on
-  std::vector<char> buffer_;
+  std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(kLarge);
   bool stopped_ = false;
 };
 

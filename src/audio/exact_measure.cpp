@@ -18,7 +18,7 @@ std::uint64_t CountSound(ByteWindow& bytes, const FoundFrames& first, std::uint6
 // `first`: frames whose first one holds the header.
 std::uint64_t CountBehind(ByteWindow& bytes, const LengthHeader& header, const FoundFrames& first, std::uint64_t end) {
   const FrameFormat& format = first.format;
-  const std::uint64_t own = format.Length(BigEndian(bytes.View(first.at, kFrameHeader), 0));
+  const std::uint64_t own = format.Length(bytes.View(first.at, kFrameHeader));
   std::uint64_t samples = 0;
   if (header.Agrees(format, end - first.at, own)) {
     samples = std::uint64_t{header.frames} * static_cast<std::uint64_t>(format.Samples());

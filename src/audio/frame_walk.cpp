@@ -22,7 +22,7 @@ std::uint32_t HeaderAt(ByteWindow& bytes, std::uint64_t at) { return BigEndian(b
 bool GoOn(ByteWindow& bytes, std::uint64_t at, const FrameFormat& format, std::uint64_t end) {
   for (int agreeing = 0; agreeing < kAgreeingHeaders; ++agreeing) {
     if (at + kFrameHeader > end) return agreeing > 1 || (agreeing == 1 && at == end);
-    const std::uint32_t length = format.Length(HeaderAt(bytes, at));
+    const std::uint32_t length = format.Length(bytes.View(at, kFrameHeader));
     if (length == 0) return false;
     at += length;
   }
@@ -38,7 +38,7 @@ std::optional<FrameFormat> WithFreeLength(ByteWindow& bytes, std::uint64_t at, F
     if (distance > kLongestFreeFrame || at + distance + kFrameHeader > end) break;
     const std::uint32_t padding = (first >> 9 & 1) * format.Slot();
     format.SetFreeLength(static_cast<std::uint32_t>(distance) - padding);
-    if (format.Length(BigEndian(ahead, distance)) != 0 && GoOn(bytes, at, format, end)) return format;
+    if (format.Length(ahead.substr(distance)) != 0 && GoOn(bytes, at, format, end)) return format;
   }
   return {};
 }
@@ -58,7 +58,7 @@ std::uint64_t CountRun(ByteWindow& bytes, std::uint64_t& at, const FrameFormat& 
     const std::string_view ahead = bytes.Ahead(at, kFrameHeader).substr(0, end - at);
     std::size_t next = 0;
     while (next + kFrameHeader <= ahead.size()) {
-      const std::uint32_t length = format.Length(BigEndian(ahead, next));
+      const std::uint32_t length = format.Length(ahead.substr(next));
       if (length == 0 || at + next + length > end) {
         at += next;
         return frames;
@@ -74,8 +74,8 @@ std::uint64_t CountRun(ByteWindow& bytes, std::uint64_t& at, const FrameFormat& 
 
 // Moves `at` by up to two slots to where a frame begins, since padding comes sooner or later.
 bool FindNear(ByteWindow& bytes, std::uint64_t& at, const FrameFormat& format) {
-  for (const std::uint64_t last = at + 2 * std::uint64_t{format.Slot()}; at <= last; ++at) {
-    if (format.Length(HeaderAt(bytes, at)) != 0) return true;
+  for (const std::uint64_t last = at + std::uint64_t{2} * format.Slot(); at <= last; ++at) {
+    if (format.Length(bytes.View(at, kFrameHeader)) != 0) return true;
   }
   return false;
 }
@@ -99,15 +99,13 @@ std::optional<FoundFrames> FindFrames(ByteWindow& bytes, std::uint64_t at, std::
 
 std::uint64_t WalkFrames(ByteWindow& bytes, const FoundFrames& first, std::uint64_t end) {
   double samples = 0;
-  std::uint64_t at = 0;
   std::optional<FoundFrames> here = first;
   while (here) {
-    at = here->at;
+    std::uint64_t at = here->at;
     const std::uint64_t frames = CountRun(bytes, at, here->format, end);
     const double inRate = static_cast<double>(first.format.SamplingRate()) / here->format.SamplingRate();
     samples += static_cast<double>(frames) * here->format.Samples() * inRate;
-    at = SkipTags(bytes, at, end);
-    here = FindFrames(bytes, at, end);
+    here = FindFrames(bytes, SkipTags(bytes, at, end), end);
   }
   return static_cast<std::uint64_t>(std::llround(samples));
 }

@@ -54,8 +54,8 @@ std::optional<FrameFormat> FrameFormat::Of(std::uint32_t header) {
 FrameFormat FrameFormat::AtOneRate() const {
   FrameFormat format = *this;
   format.lengths_ = {};
-  const std::size_t kind = Kind(header_) & ~std::size_t{1};
-  for (const std::size_t padded : {kind, kind + 1}) format.lengths_[padded] = lengths_[padded];
+  const std::size_t rate = Kind(header_) / kNextRate * kNextRate;
+  for (std::size_t kind = rate; kind < rate + kNextRate; ++kind) format.lengths_[kind] = lengths_[kind];
   return format;
 }
 

@@ -15,12 +15,14 @@ inline constexpr std::size_t kFrameHeader = 4;  // bytes
 
 // An unsigned number, most significant byte first; what is missing at the end reads as zeros.
 constexpr std::uint32_t BigEndian(std::string_view bytes, std::size_t at, std::size_t count = 4) {
-  const auto byte = [&](std::size_t i) { return std::uint32_t{static_cast<unsigned char>(bytes[i])}; };
-  if (count == 4 && at + 4 <= bytes.size()) {  // in one step, since every frame is asked
-    return byte(at) << 24 | byte(at + 1) << 16 | byte(at + 2) << 8 | byte(at + 3);
+  if (count == 4 && at + 4 <= bytes.size()) {  // one load, since this is asked of every frame
+    const char* start = bytes.data() + at;
+    const auto byte = [&](std::size_t i) { return std::uint32_t{static_cast<unsigned char>(start[i])}; };
+    return byte(0) << 24 | byte(1) << 16 | byte(2) << 8 | byte(3);
   }
   std::uint32_t value = 0;
-  for (std::size_t i = at; i < at + count; ++i) value = value << 8 | (i < bytes.size() ? byte(i) : 0U);
+  for (; count > 0; --count, ++at)
+    value = value << 8 | (at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0U);
   return value;
 }
 
@@ -31,9 +33,10 @@ class FrameFormat {
   // Nothing when these four bytes, as a number, are no header: no sync word, or a reserved value.
   static std::optional<FrameFormat> Of(std::uint32_t header);
 
-  // Of the frame that begins with this header, which it counts; bytes. 0: it is none of this stream.
-  std::uint32_t Length(std::uint32_t header) const {
-    return ((header ^ header_) & kAgreeing) == 0 ? lengths_[Kind(header)] : 0;
+  // Of the frame at the start of these bytes, with its header; bytes. 0: none of this stream begins there.
+  std::uint32_t Length(std::string_view frame) const {
+    if (frame.size() < kFrameHeader || ((BigEndian(frame, 0) ^ header_) & kAgreeing) != 0) return 0;
+    return lengths_[static_cast<unsigned char>(frame[2])];
   }
 
   // The bit rate is not told, only constant: the length of the frames, without padding, is to be found out.
@@ -56,15 +59,17 @@ class FrameFormat {
 
  private:
   static constexpr std::uint32_t kAgreeing = 0xFFFE0C00;  // sync word, version, layer, sampling rate
-  // Bit rate, sampling rate and padding, side by side in the header: one look-up from frame to frame.
-  static constexpr std::size_t kKinds = 128, kNextRate = 8;
-  static constexpr std::size_t Kind(std::uint32_t header) { return header >> 9 & (kKinds - 1); }
+  // Bit rate, sampling rate, padding and a private bit share a byte of the header: one look-up from frame to frame.
+  static constexpr std::size_t kKinds = 256, kNextRate = 16, kPadded = 2;
+  static constexpr std::size_t Kind(std::uint32_t header) { return header >> 8 & (kKinds - 1); }
 
   explicit FrameFormat(std::uint32_t header) : header_(header) {}
   void SetLength(std::size_t bitRate, std::uint32_t unpadded) {
     const std::size_t kind = Kind(header_ & kAgreeing) + bitRate * kNextRate;
-    lengths_[kind] = unpadded;
-    lengths_[kind + 1] = unpadded + slot_;
+    for (const std::size_t bit : {0U, 1U}) {
+      lengths_[kind + bit] = unpadded;
+      lengths_[kind + bit + kPadded] = unpadded + slot_;
+    }
   }
 
   std::uint32_t header_, slot_ = 1;
