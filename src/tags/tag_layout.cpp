@@ -3,16 +3,12 @@
 #include <algorithm>
 
 #include "base/failure.h"
+#include "tags/end_tags.h"
 #include "tags/id3v1.h"
 #include "tags/id3v2_header.h"
 
 namespace tagrix {
 namespace {
-
-constexpr std::uint64_t kApe = 32;              // bytes of an APE tag's header, and of its footer
-constexpr std::uint64_t kLyricsEnd = 15;        // six digits and "LYRICS200"
-constexpr std::uint64_t kLongestLyrics = 5120;  // of 1.00, which doesn't tell its length
-constexpr std::uint64_t kExtension = 227;       // of ID3v1
 
 class Reader {
  public:
@@ -33,38 +29,15 @@ class Reader {
   File& file_;
 };
 
-std::uint64_t LittleEndian(std::string_view bytes) { return BigEndian({std::string(bytes.rbegin(), bytes.rend())}); }
-
-std::uint64_t ApeLength(std::string_view last) {
-  if (last.size() < kApe) return 0;
-  const std::string_view footer = last.substr(last.size() - kApe);
-  if (!footer.starts_with("APETAGEX")) return 0;
-  const bool header = (footer[23] & 0x80) != 0;
-  const std::uint64_t length = LittleEndian(footer.substr(12, 4));  // with the footer, without the header
-  return length < kApe ? 0 : length + (header ? kApe : 0);
-}
-
-std::uint64_t LyricsLength(Reader& reader, std::uint64_t end, std::string_view last) {
-  if (last.ends_with("LYRICS200") && last.size() >= kLyricsEnd) {
-    std::uint64_t length = 0;
-    for (const char c : last.substr(last.size() - kLyricsEnd, 6)) {
-      if (c < '0' || c > '9') return 0;
-      length = length * 10 + static_cast<std::uint64_t>(c - '0');
-    }
-    return length + kLyricsEnd;
-  }
-  if (!last.ends_with("LYRICSEND")) return 0;
-  const std::string text = reader.Before(end, kLongestLyrics);
-  const std::size_t begin = text.rfind("LYRICSBEGIN");
-  return begin == text.npos ? 0 : text.size() - begin;
-}
-
 // Of a tag that ends at `end`, other than ID3v1 and ID3v2; 0 when there is none.
 std::uint64_t OtherLength(Reader& reader, std::uint64_t end) {
-  const std::string last = reader.Before(end, kExtension);
-  if (last.size() == kExtension && last.starts_with("TAG+")) return kExtension;
-  if (const std::uint64_t length = ApeLength(last)) return length;
-  return LyricsLength(reader, end, last);
+  if (const std::string last = reader.Before(end, kId3v1Extension);
+      last.size() == kId3v1Extension && last.starts_with("TAG+")) {
+    return kId3v1Extension;
+  }
+  if (const std::uint64_t length = ApeLength(reader.Before(end, kApeHeader), true)) return length;
+  std::string last;
+  return LyricsLength([&](std::size_t count) -> std::string_view { return last = reader.Before(end, count); });
 }
 
 void FindLeading(Reader& reader, TagLayout& layout) {

@@ -27,8 +27,7 @@ struct TagLayout {
   static constexpr std::uint64_t kId3v1 = 128;  // bytes
 };
 
-// Looks behind APE tags, Lyrics3 and ID3v1's extension for appended tags (APEv2 and Lyrics3 2.00 as published on
-// wiki.hydrogenaud.io and id3.org). Throws Failure.
+// Looks behind APE tags, Lyrics3 and ID3v1's extension for appended tags. Throws Failure.
 TagLayout LocateTags(File& file);
 
 // The bytes of spans of a file, each whole. Throws Failure.

@@ -11,17 +11,6 @@
 namespace tagrix::ui {
 namespace {
 
-std::wstring ClassOf(HWND window) {
-  wchar_t name[64] = L"";
-  return std::wstring(name, static_cast<size_t>(GetClassNameW(window, name, static_cast<int>(std::size(name)))));
-}
-
-std::wstring TextOf(HWND window) {
-  wchar_t text[512] = L"";
-  SendMessageW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
-  return text;
-}
-
 // The system takes the caption of buttons; for what holds texts of the user the label right before it, seen or not.
 std::wstring NameOf(HWND window) {
   const std::wstring kind = ClassOf(window);

@@ -24,22 +24,11 @@ void EachChild(HWND parent, Visit visit) {
       reinterpret_cast<LPARAM>(&visit));
 }
 
-std::wstring ClassOf(HWND window) {
-  wchar_t name[64] = L"";
-  return std::wstring(name, static_cast<size_t>(GetClassNameW(window, name, static_cast<int>(std::size(name)))));
-}
-
 // Asks a window of the program, which may have ended meanwhile.
 LRESULT Ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
   DWORD_PTR result = 0;
   SendMessageTimeoutW(window, message, w, l, SMTO_NORMAL, 20'000, &result);
   return static_cast<LRESULT>(result);
-}
-
-std::wstring TextOf(HWND window) {
-  std::wstring text(static_cast<size_t>(Ask(window, WM_GETTEXTLENGTH)) + 1, L'\0');
-  text.resize(static_cast<size_t>(Ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-  return text;
 }
 
 bool IsUsable(HWND window) {
@@ -132,6 +121,17 @@ class RemoteMemory {
 };
 
 }  // namespace
+
+std::wstring ClassOf(HWND window) {
+  wchar_t name[64] = L"";
+  return std::wstring(name, static_cast<size_t>(GetClassNameW(window, name, static_cast<int>(std::size(name)))));
+}
+
+std::wstring TextOf(HWND window) {
+  std::wstring text(static_cast<size_t>(Ask(window, WM_GETTEXTLENGTH)) + 1, L'\0');
+  text.resize(static_cast<size_t>(Ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+  return text;
+}
 
 bool Until(const std::function<bool()>& condition, int milliseconds) {
   for (const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(milliseconds); !condition(); Sleep(20)) {

@@ -25,6 +25,10 @@ void SetSetting(const std::wstring& name, const std::wstring& text);
 std::wstring Setting(const std::wstring& name);
 void ClearSettings();
 
+// The class and the text of a window.
+std::wstring ClassOf(HWND window);
+std::wstring TextOf(HWND window);
+
 // A running program. Controls are found by their name among the visible windows, topmost first. Every operation waits
 // until what it needs is there and throws std::runtime_error when it doesn't come.
 class Program {

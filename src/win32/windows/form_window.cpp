@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/letter_case.h"
+#include "win32/windows/form_keys.h"
 #include "win32/windows/gdi.h"
 
 namespace tagrix {
@@ -37,24 +38,6 @@ void RegisterForms(WNDPROC procedure) {
   kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   kind.lpszClassName = kClass;
   RegisterClassExW(&kind);  // from the second form on it is there already
-}
-
-// Whether a key that closes or starts something is being held down: it acts once, so that it goes through no dialog
-// that it closes into the window behind.
-bool IsHeld(const MSG& message) {
-  constexpr LPARAM kWasDown = 1 << 30;
-  if ((message.lParam & kWasDown) == 0) return false;
-  const WPARAM key = message.wParam;
-  switch (message.message) {
-    case WM_KEYDOWN:
-      return key == VK_RETURN || key == VK_ESCAPE;
-    case WM_SYSKEYDOWN:
-      return key != VK_UP && key != VK_DOWN && key != VK_MENU;
-    case WM_SYSCHAR:
-      return true;
-    default:
-      return false;
-  }
 }
 
 std::vector<std::wstring> PathsIn(HDROP drop) {
@@ -242,16 +225,8 @@ bool FormWindow::TakeKey(MSG& message) {
 
 bool FormWindow::FollowFormKey(WPARAM key) {
   if (!form_.keyPressed) return false;
-  const bool control = GetKeyState(VK_CONTROL) < 0, shift = GetKeyState(VK_SHIFT) < 0;
-  if (GetKeyState(VK_MENU) < 0) return false;
-  if (control && key >= '1' && key <= '9') return form_.keyPressed(FormKey::Page, static_cast<int>(key - '1'));
-  if (control && key == VK_TAB) return form_.keyPressed(shift ? FormKey::PreviousPage : FormKey::NextPage, 0);
-  // A field that can be edited undoes what was typed.
-  if (control && key == 'Z') {
-    return SendMessageW(GetFocus(), EM_CANUNDO, 0, 0) == 0 && form_.keyPressed(FormKey::Undo, 0);
-  }
-  if (key == VK_F1) return form_.keyPressed(FormKey::Help, 0);
-  return key == VK_F5 && form_.keyPressed(FormKey::Reload, 0);
+  const auto meant = FormKeyOf(key);
+  return meant && form_.keyPressed(meant->key, meant->page);
 }
 
 bool FormWindow::EnterOrEsc(WPARAM key) {

@@ -7,7 +7,7 @@
 
 #include "base/letter_case.h"
 #include "base/text.h"
-#include "win32/windows/gdi.h"
+#include "win32/windows/list_drawing.h"
 
 namespace tagrix {
 namespace {
@@ -200,7 +200,7 @@ std::wstring ListWindow::CellText(int row, int column) const {
 LRESULT ListWindow::Colour(NMLVCUSTOMDRAW& draw) const {
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   const int row = static_cast<int>(draw.nmcd.dwItemSpec);
-  if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT) MarkDragged(draw.nmcd.hdc, row);
+  if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT) FrameListRow(Window(), draw.nmcd.hdc, row, Colours(), dpi_);
   if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || !IsRow(row)) return CDRF_DODEFAULT;
   const LRESULT after = row == dragged_ ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
   const Palette& colours = Colours();
@@ -220,47 +220,6 @@ LRESULT ListWindow::Colour(NMLVCUSTOMDRAW& draw) const {
   if (mark != RowMark::Changed && mark != RowMark::Wrong) return after;
   SelectObject(draw.nmcd.hdc, bold_);
   return CDRF_NEWFONT | after;
-}
-
-// The titles have no colours that can be set.
-LRESULT ListWindow::DrawTitle(const NMCUSTOMDRAW& draw) const {
-  const Palette& colours = Colours();
-  if (!colours.dark) return CDRF_DODEFAULT;
-  const UniqueBrush ground(CreateSolidBrush(colours.ground)), line(CreateSolidBrush(colours.line));
-  RECT area = draw.rc;
-  FillRect(draw.hdc, &area, ground.Get());
-  if (draw.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
-  if (draw.dwDrawStage != CDDS_ITEMPREPAINT || draw.dwItemSpec >= list_.Columns().size()) return CDRF_DODEFAULT;
-  const RECT edge{area.right - 1, area.top, area.right, area.bottom};
-  FillRect(draw.hdc, &edge, line.Get());
-  const ListColumn& column = list_.Columns()[draw.dwItemSpec];
-  InflateRect(&area, -MulDiv(6, dpi_, 96), 0);
-  SetBkMode(draw.hdc, TRANSPARENT);
-  SetTextColor(draw.hdc, colours.text);
-  DrawTextW(draw.hdc, column.title.c_str(), static_cast<int>(column.title.size()), &area,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | (column.alignRight ? DT_RIGHT : DT_LEFT));
-  return CDRF_SKIPDEFAULT;
-}
-
-void ListWindow::DrawHint() const {
-  if (list_.Count() > 0 || list_.Hint().empty()) return;
-  RECT area;
-  GetClientRect(Window(), &area);
-  if (HasTitles(list_)) {
-    RECT titles;
-    GetClientRect(reinterpret_cast<HWND>(Ask(LVM_GETHEADER)), &titles);
-    area.top += titles.bottom;
-  }
-  InflateRect(&area, -MulDiv(12, dpi_, 96), -MulDiv(12, dpi_, 96));
-  const HDC dc = GetDC(Window());
-  {
-    const Selected font(dc, reinterpret_cast<HFONT>(Ask(WM_GETFONT)));
-    SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, Colours().dimText);
-    const std::wstring& hint = list_.Hint();
-    DrawTextW(dc, hint.c_str(), static_cast<int>(hint.size()), &area, DT_WORDBREAK | DT_CENTER | DT_NOPREFIX);
-  }
-  ReleaseDC(Window(), dc);
 }
 
 // By the keyboard it opens below the row that has it.
@@ -283,17 +242,6 @@ void ListWindow::ShowMenu(POINT at) {
       TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, at.x, at.y, 0, Window(), nullptr);
   DestroyMenu(menu);
   if (chosen > 0) entries[static_cast<std::size_t>(chosen) - 1].chosen();
-}
-
-// A frame around the row that the pointer drags.
-void ListWindow::MarkDragged(HDC dc, int row) const {
-  RECT area{LVIR_BOUNDS, 0, 0, 0};
-  Ask(LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
-  const UniqueBrush accent(CreateSolidBrush(Colours().accent));
-  for (int i = std::max(1, MulDiv(2, dpi_, 96)); i > 0; --i) {
-    FrameRect(dc, &area, accent.Get());
-    InflateRect(&area, -1, -1);
-  }
 }
 
 int ListWindow::FindText(const NMLVFINDITEMW& wanted) const {
@@ -398,13 +346,16 @@ LRESULT ListWindow::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_PAINT: {
       const LRESULT result = Binding::Message(message, wParam, lParam);
-      DrawHint();
+      if (list_.Count() == 0 && !list_.Hint().empty()) {
+        DrawListHint(Window(), list_.Hint(), HasTitles(list_), Colours(), dpi_);
+      }
       return result;
     }
     case WM_NOTIFY: {
       const auto& note = *reinterpret_cast<const NMHDR*>(lParam);
       if (note.code != NM_CUSTOMDRAW) break;
-      const LRESULT drawn = DrawTitle(reinterpret_cast<const NMCUSTOMDRAW&>(note));
+      const LRESULT drawn =
+          DrawListTitle(reinterpret_cast<const NMCUSTOMDRAW&>(note), list_.Columns(), Colours(), dpi_);
       if (drawn != CDRF_DODEFAULT) return drawn;
       break;
     }

@@ -40,9 +40,6 @@ class ListWindow : public Binding {
 
   void ShowCell(LVITEMW& item);
   LRESULT Colour(NMLVCUSTOMDRAW& draw) const;
-  void MarkDragged(HDC dc, int row) const;
-  LRESULT DrawTitle(const NMCUSTOMDRAW& draw) const;
-  void DrawHint() const;
   void ShowMenu(POINT at);
   int FindText(const NMLVFINDITEMW& wanted) const;
   bool KeyDown(UINT key);
