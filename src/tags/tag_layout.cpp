@@ -48,6 +48,9 @@ void FindLeading(Reader& reader, TagLayout& layout) {
     layout.leading.push_back({at, at + length});
     at += length;
   }
+  // What is written behind the beginning of a header would make a whole one of it.
+  const std::string rest = reader.At(at, kId3v2Header);
+  layout.cut = rest.size() < kId3v2Header && rest.starts_with(kId3v2HeaderMark);
 }
 
 void FindAppended(Reader& reader, TagLayout& layout) {

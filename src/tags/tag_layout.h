@@ -17,7 +17,7 @@ struct TagSpan {
 struct TagLayout {
   std::uint64_t size = 0;         // of the file
   std::vector<TagSpan> leading;   // ID3v2 tags from the start of the file on, one behind the other
-  bool cut = false;               // another one says that it goes on behind the end of the file
+  bool cut = false;               // another one goes on behind the end of the file
   std::vector<TagSpan> appended;  // ID3v2.4 tags with a footer behind the sound, in their order
   bool id3v1 = false;             // at the very end
 
