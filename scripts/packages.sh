@@ -43,8 +43,8 @@ generator() { command -v ninja >/dev/null && echo Ninja || echo "Unix Makefiles"
 native_packages=(g++:g++ cmake:cmake googletest:/usr/src/googletest/CMakeLists.txt
                  nlohmann-json3-dev:/usr/include/nlohmann/json.hpp)
 present make || native_packages+=(ninja-build:ninja)
-package_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix nsis:makensis zip:zip)
-windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix
+manual_packages=(python3:/usr/bin/python3 python3-markdown:/usr/lib/python3/dist-packages/markdown)
+windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix "${manual_packages[@]}"
                   wine:wine wine64:/usr/lib/wine/wine64 xvfb:Xvfb
                   libxrender1:/usr/lib/*/libXrender.so.1 libxcursor1:/usr/lib/*/libXcursor.so.1
                   libxrandr2:/usr/lib/*/libXrandr.so.2 libxi6:/usr/lib/*/libXi.so.6
@@ -53,6 +53,7 @@ windows_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix
 disc_server_packages=(libsqlite3-dev:/usr/include/sqlite3.h libarchive-dev:/usr/include/archive.h
                       libmicrohttpd-dev:/usr/include/microhttpd.h
                       pkg-config:pkg-config)
+package_packages=(g++-mingw-w64-x86-64-posix:x86_64-w64-mingw32-g++-posix "${manual_packages[@]}" nsis:makensis zip:zip)
 music_packages=(lame:lame sox:sox)
 encoder_packages=(lame:lame ffmpeg:ffmpeg twolame:twolame mpg123:mpg123 python3:/usr/bin/python3)
 tagger_packages=(id3v2:id3v2 file:file python3-mutagen:/usr/lib/python3/dist-packages/mutagen

@@ -105,10 +105,8 @@ bool MainWindow::PressKey(FormKey key, int page) {
 }
 
 void MainWindow::OpenManual() {
-  for (const wchar_t* name : {L"\\manual.html", L"\\manual.md"}) {
-    const std::wstring path = context.programFolder + name;
-    if (FileExists(context.files, path) && context.shell.OpenFile(path)) return;
-  }
+  const std::wstring path = context.programFolder + L"\\manual\\manual.html";
+  if (FileExists(context.files, path) && context.shell.OpenFile(path)) return;
   context.prompts.Message(context.Text(message::kNoManual));
 }
 

@@ -166,9 +166,9 @@ inline constexpr int kTracksWithoutFile = 315, kFilesWithoutTrack = 316;  // all
 inline constexpr int kNoManual = 317;
 inline constexpr int kCurrentPage = 318;  // %%1%% the page
 inline constexpr int kAlbumHint = 319, kFilesHint = 320, kResultsHint = 321;
-inline constexpr int kOpenFile = 322, kShowInFolder = 323, kCopyName = 324, kEditRow = 325;
+inline constexpr int kOpenFile = 322, kShowInFolder = 323, kCopyName = 324, kEditRow = 325, kRenameFile = 328;
 inline constexpr int kAlbumFolder = 326;
-inline constexpr int kNewTitle = 327;
+inline constexpr int kNewTitle = 327, kRenameCaption = 329;
 
 }  // namespace tagrix::message
 

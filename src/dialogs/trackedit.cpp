@@ -6,24 +6,16 @@
 #include "core/notices.h"
 
 namespace tagrix {
-namespace {
-
-void transme(TrackEdit& dialog, Context& context) {
-  dialog.form.caption = context.Text(message::kTrackEditCaption);
-  SetCaptions(context, {{dialog.ok_btn, message::kOk}, {dialog.cancel_btn, message::kCancel}});
-}
-
-}  // namespace
-
-bool EditTrackName(Context& context, DiscTrack& track) {
+bool EditLine(Context& context, const std::wstring& caption, const std::wstring& spokenName, std::wstring& line) {
   bool edited = false;
   TrackEdit dialog;
-  transme(dialog, context);
-  dialog.name_txt.SetSpokenName(context.Text(message::kNewTitle));
-  dialog.name_txt.SetText(track.title);
+  dialog.form.caption = caption;
+  SetCaptions(context, {{dialog.ok_btn, message::kOk}, {dialog.cancel_btn, message::kCancel}});
+  dialog.name_txt.SetSpokenName(spokenName);
+  dialog.name_txt.SetText(line);
   dialog.ok_btn.clicked = Command(context, [&] {
-    track.title = Trim(dialog.name_txt.Text());
-    track.edited = edited = true;
+    line = Trim(dialog.name_txt.Text());
+    edited = true;
     dialog.form.Close();
   });
   dialog.cancel_btn.clicked = [&] { dialog.form.Close(); };
@@ -33,6 +25,13 @@ bool EditTrackName(Context& context, DiscTrack& track) {
   dialog.form.defaultButton = &dialog.ok_btn;
   dialog.form.cancelButton = &dialog.cancel_btn;
   ShowModal(context, dialog.form);
+  return edited;
+}
+
+bool EditTrackName(Context& context, DiscTrack& track) {
+  const bool edited =
+      EditLine(context, context.Text(message::kTrackEditCaption), context.Text(message::kNewTitle), track.title);
+  track.edited = track.edited || edited;
   return edited;
 }
 

@@ -1,6 +1,8 @@
-// The dialog that corrects the title of one track.
+// The dialog that corrects a line: the title of a track, the name of a file.
 #ifndef TAGRIX_DIALOGS_TRACKEDIT_H
 #define TAGRIX_DIALOGS_TRACKEDIT_H
+
+#include <string>
 
 #include "core/context.h"
 #include "forms/buttons.h"
@@ -15,6 +17,9 @@ struct TrackEdit {
   Button ok_btn{"ok_btn"}, cancel_btn{"cancel_btn"};
   Form form{"trackedit"};
 };
+
+// Lets the user edit a line, given the dialog's caption and what the field is called. True when the user has confirmed.
+bool EditLine(Context& context, const std::wstring& caption, const std::wstring& spokenName, std::wstring& line);
 
 // Lets the user edit the title of a track. True when the user has confirmed.
 bool EditTrackName(Context& context, DiscTrack& track);

@@ -91,6 +91,11 @@ TEST_F(MainWindowTest, KeysTurnThePagesAndSizeAndPageAreRemembered) {
     window.form.keyPressed(FormKey::Page, 6);
     EXPECT_TRUE(window.workfrm[3].Visible());
   }
+  window.form.keyPressed(FormKey::Help, 0);
+  EXPECT_EQ(test.prompts.messages.size(), 1U) << "no manual";
+  test.files.Put(L"C:\\Tagrix\\manual\\manual.html");
+  window.form.keyPressed(FormKey::Help, 0);
+  EXPECT_EQ(test.shell.opened, Texts{L"C:\\Tagrix\\manual\\manual.html"});
   window.form.startSize = {1234, 777};
   window.form.maximised = true;
   window.form.closed();

@@ -157,7 +157,7 @@ TEST_F(Standard, KeepsAsideWhatHasNoNameAndRefusesWhatIsCut) {
   EXPECT_TRUE(Write(Tag(5, junk) + sound) == NewTag(3, aside("ID3v2.5", junk)) + sound + v1);
   WriteAgain();
   EXPECT_TRUE(written.aside.empty());
-  for (const std::size_t size : {1500, 9}) {
+  for (const std::size_t size : {1500U, 9U}) {
     const std::string cut = Tag(3, std::string(2000, '\0')).substr(0, size);
     EXPECT_EQ(Write(cut), cut);
     EXPECT_FALSE(written.written);

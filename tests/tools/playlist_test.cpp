@@ -82,5 +82,27 @@ TEST_F(Playlist, TakesFilesAndFoldersMoreThanOnce) {
   }
 }
 
+// F2 does what "Rename" in the menu does.
+TEST_F(Playlist, RenamesASelectedFileWhereverItIsListed) {
+  page.pls_lst.Add(L"C:\\Music\\Rock\\a.mp3");
+  page.pls_lst.SelectOnly(2);
+  const auto rename = [&](const wchar_t* name) {
+    prompts.dialogs.emplace_back([=](Form& form) {
+      Find<TextBox>(form.layout, "name_txt").SetText(name);
+      PressOk(form);
+    });
+    page.pls_lst.PressKey(ListKey::Rename);
+  };
+  for (const wchar_t* name : {L" ?", L"a.mp3", L" Con/.mp3 "}) rename(name);
+  const std::wstring renamed = L"C:\\Music\\Rock\\Con_.mp3";
+  EXPECT_EQ(page.pls_lst.Texts(), (Texts{renamed, L"D:\\R&B\\caf\u00e9.ogg", renamed}));
+  EXPECT_EQ(files.AllFiles(), Texts{renamed});
+  EXPECT_TRUE(prompts.messages.empty());
+  page.pls_lst.SelectOnly(1);
+  page.pls_lst.menu().back().chosen();  // closed at once
+  rename(L"b.mp3");                     // of a file that is gone
+  EXPECT_EQ(prompts.messages, Texts{L"<169> D:\\R&B\\b.mp3"});
+}
+
 }  // namespace
 }  // namespace tagrix

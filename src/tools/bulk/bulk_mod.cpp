@@ -113,7 +113,9 @@ void InitBulkPage(BulkPage& page, Context& context) {
   page.reset_btn.clicked = Command(context, [&] { ResetBulk(page); });
   page.bulk_go_btn.clicked = Command(context, [&] { RunBulkRename(page, context); });
   page.bulk_undo_btn.clicked = Command(context, [&] { UndoBulkRename(page, context); });
-  page.bulk_lst.keyPressed = [&](ListKey key) {
+  const auto rename = Command(context, [&] { RenameSelected(context, page.bulk_lst); });
+  page.bulk_lst.keyPressed = [&page, rename](ListKey key) {
+    if (key == ListKey::Rename) return rename();
     if (key == ListKey::Delete) page.Command3.Click();
   };
 
@@ -128,7 +130,7 @@ void InitBulkPage(BulkPage& page, Context& context) {
   page.bulk_lst.cell = [&](int row, int column) { return Cell(page, row, column); };
   page.bulk_lst.mark = [&](int row) { return Mark(page, row); };
   page.bulk_lst.itemTooltips = true;
-  page.bulk_lst.menu = [&] { return FileMenu(context, SelectedPaths(page.bulk_lst)); };
+  page.bulk_lst.menu = [&] { return FileMenu(context, page.bulk_lst); };
   page.fluc_rdo.Choose();
   RulesChanged(page);
   page.bulk_undo_btn.SetEnabled(false);

@@ -190,14 +190,16 @@ void InitBurnPage(BurnPage& page, Context& context) {
   wire(page.c2cd_btn, [&] { context.shell.OpenLink(publisher::kBurnerSite); });
 
   page.burn_lst.dragged = Command(context, [&](int from, int to) { DragBurnFile(page, from, to); });
-  page.burn_lst.keyPressed = [&](ListKey key) {
+  const auto rename = Command(context, [&] { RenameSelected(context, page.burn_lst); });
+  page.burn_lst.keyPressed = [&page, rename](ListKey key) {
+    if (key == ListKey::Rename) return rename();
     Button& button = key == ListKey::Delete   ? page.burn_delete_btn
                      : key == ListKey::MoveUp ? page.burn_up_btn
                                               : page.burn_down_btn;
     button.Click();
   };
   page.burn_lst.itemTooltips = true;
-  page.burn_lst.menu = [&] { return FileMenu(context, SelectedPaths(page.burn_lst)); };
+  page.burn_lst.menu = [&] { return FileMenu(context, page.burn_lst); };
   page.burn_lst.cell = [&](int row, int column) {
     return column == 0 ? page.burn_lst.ItemText(row) : MinutesAndSeconds(page.burn_lst.Value(row));
   };

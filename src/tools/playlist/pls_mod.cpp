@@ -134,8 +134,10 @@ void InitPlaylistPage(PlaylistPage& page, Context& context) {
   wire(page.pls_output_btn, [&] { ChoosePlaylistOutput(page, context); });
   wire(page.pls_go_btn, [&] { WritePlaylist(page, context); });
   page.pls_lst.itemTooltips = true;
-  page.pls_lst.menu = [&] { return FileMenu(context, SelectedPaths(page.pls_lst)); };
-  page.pls_lst.keyPressed = [&](ListKey key) {
+  page.pls_lst.menu = [&] { return FileMenu(context, page.pls_lst); };
+  const auto rename = Command(context, [&] { RenameSelected(context, page.pls_lst); });
+  page.pls_lst.keyPressed = [&page, rename](ListKey key) {
+    if (key == ListKey::Rename) return rename();
     if (key == ListKey::Delete) return page.pls_delete_btn.Click();
     MoveSelected(page.pls_lst, key == ListKey::MoveUp ? -1 : 1);
   };
