@@ -26,7 +26,7 @@ std::string Escaped(std::string_view text) {
 }  // namespace
 
 std::string SearchPage(Store& store, std::string_view webSite, std::string_view words) {
-  const std::string asked = ToUtf8(words);
+  const std::string asked = ToUtf8(std::string(words));
   std::ostringstream page;
   page << "<html>\r\n<head><title>Search results</title></head>\r\n<body>\r\n"
        << "<h2>Discs with " << Escaped(ToLatin1(asked)) << "</h2>\r\n<table>\r\n";

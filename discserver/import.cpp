@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "discserver/archive_reader.h"
 #include "discserver/store.h"
@@ -24,21 +25,25 @@ struct Item {
 };
 using Batch = std::vector<Item>;
 
-// Hands batches from the thread that reads to the one that writes.
+// Hands batches from the thread that reads to the one that writes, and back when they are written: freed by the thread
+// that made them they don't keep the other from its own memory.
 class Queue {
  public:
   // Waits while the queue is full; false when nobody takes any more.
   bool Put(Batch batch) {
+    std::vector<Batch> written;
     std::unique_lock lock(mutex_);
+    written.swap(written_);
     changed_.wait(lock, [this] { return batches_.size() < kMostBatches || closed_; });
     if (closed_) return false;
     batches_.push_back(std::move(batch));
     changed_.notify_all();
     return true;
   }
-  // Waits for a batch; nothing after the last.
-  std::optional<Batch> Take() {
+  // Waits for a batch; nothing after the last. Takes the one before back.
+  std::optional<Batch> Take(std::optional<Batch> written) {
     std::unique_lock lock(mutex_);
+    if (written) written_.push_back(std::move(*written));
     changed_.wait(lock, [this] { return !batches_.empty() || closed_; });
     if (batches_.empty()) return std::nullopt;
     Batch batch = std::move(batches_.front());
@@ -53,10 +58,11 @@ class Queue {
   }
 
  private:
-  static constexpr std::size_t kMostBatches = 8;
+  static constexpr std::size_t kMostBatches = 32;
   std::mutex mutex_;
   std::condition_variable changed_;
   std::deque<Batch> batches_;
+  std::vector<Batch> written_;
   bool closed_ = false;
 };
 
@@ -129,11 +135,12 @@ void Add(StoreWriter& store, Item& item, ImportCounts& counts) {
 
 ImportCounts Write(Queue& queue, const std::string& database,
                    const std::function<void(const ImportCounts&)>& progress) {
-  constexpr std::int64_t kCommitAfter = 50'000, kProgressAfter = 10'000;  // records
+  constexpr std::int64_t kCommitAfter = 500'000, kProgressAfter = 10'000;  // records
   StoreWriter store(database);
   ImportCounts counts;
   std::int64_t items = 0;
-  while (auto batch = queue.Take()) {
+  std::optional<Batch> batch;
+  while ((batch = queue.Take(std::move(batch)))) {
     for (Item& item : *batch) {
       Add(store, item, counts);
       if (++items % kCommitAfter == 0) store.Commit();

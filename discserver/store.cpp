@@ -19,7 +19,7 @@ constexpr const char* kCreate = R"(
   BEGIN IMMEDIATE;
   CREATE TABLE disc (number INTEGER PRIMARY KEY, category TEXT NOT NULL, id TEXT NOT NULL, revision INTEGER NOT NULL,
                      title TEXT NOT NULL, record TEXT NOT NULL);
-  CREATE UNIQUE INDEX disc_id ON disc (id, category);
+  CREATE UNIQUE INDEX disc_id ON disc (category, id);
   CREATE TABLE category (name TEXT PRIMARY KEY, discs INTEGER NOT NULL) WITHOUT ROWID;
   CREATE VIRTUAL TABLE words USING fts5 (artist, album, content = '', columnsize = 0,
                                          tokenize = 'unicode61 remove_diacritics 2');
@@ -28,7 +28,7 @@ constexpr const char* kCreate = R"(
   PRAGMA user_version = 1;
   COMMIT)";
 
-constexpr const char* kFind = "SELECT category, id, title, revision, record FROM disc WHERE id = ? AND category = ?";
+constexpr const char* kFind = "SELECT category, id, title, revision, record FROM disc WHERE category = ? AND id = ?";
 
 // A place in the index: how long the title is, up to 255, and the disc's number below it, so that walking over the
 // index meets short titles first.
@@ -61,7 +61,7 @@ Database OpenToWrite(const std::string& path) {
   Database database(path, Database::Mode::Create);
   if (Pragma(database, "SELECT count(*) FROM sqlite_schema") == 0) database.Run(kCreate);
   CheckLayout(database, path);
-  database.Run("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = NORMAL; PRAGMA cache_size = -131072");
+  database.Run("PRAGMA journal_mode = TRUNCATE; PRAGMA synchronous = NORMAL; PRAGMA cache_size = -32768");
   return database;
 }
 
@@ -81,7 +81,8 @@ Store::Store(const std::string& path)
       match_(database_, "SELECT rowid FROM words WHERE words MATCH ? ORDER BY rowid LIMIT ?"),
       at_(database_, "SELECT category, id, title, revision, record FROM disc WHERE number = ?"),
       find_(database_, kFind),
-      withId_(database_, "SELECT category, id, title FROM disc WHERE id = ? ORDER BY category"),
+      withId_(database_,
+              "SELECT category, id, title FROM category JOIN disc ON category = name WHERE id = ? ORDER BY name"),
       categories_(database_, "SELECT name, discs FROM category") {}
 
 std::vector<std::int64_t> Store::Match(const std::string& expression, std::size_t most) {
@@ -94,7 +95,7 @@ std::vector<std::int64_t> Store::Match(const std::string& expression, std::size_
 std::optional<Record> Store::At(std::int64_t place) { return Fetch(at_.Bind(NumberAt(place))); }
 
 std::optional<Record> Store::Find(std::string_view category, std::string_view id) {
-  return Fetch(find_.Bind(id, category));
+  return Fetch(find_.Bind(category, id));
 }
 
 std::vector<Disc> Store::WithId(std::string_view id) {
@@ -116,7 +117,7 @@ StoreWriter::StoreWriter(const std::string& path) : database_(OpenToWrite(path))
   insert_.emplace(database_,
                   "INSERT INTO disc (category, id, revision, title, record) VALUES (?, ?, ?, ?, ?) "
                   "ON CONFLICT DO NOTHING");
-  known_.emplace(database_, "SELECT number, revision, title FROM disc WHERE id = ? AND category = ?");
+  known_.emplace(database_, "SELECT number, revision, title FROM disc WHERE category = ? AND id = ?");
   revise_.emplace(database_, "UPDATE disc SET revision = ?, title = ?, record = ? WHERE number = ?");
   count_.emplace(database_,
                  "INSERT INTO category VALUES (?, ?) ON CONFLICT DO UPDATE SET discs = discs + excluded.discs");
@@ -134,7 +135,7 @@ Added StoreWriter::Add(const Record& record) {
     changes_.push_back({Place(sqlite3_last_insert_rowid(database_.Handle()), disc.title), disc.title, false});
     return Added::New;
   }
-  known_->Bind(disc.id, disc.category).Step();
+  known_->Bind(disc.category, disc.id).Step();
   const std::int64_t number = known_->Number(0);
   const bool newer = record.revision > known_->Number(1);
   const std::string title = known_->Text(2);
@@ -147,7 +148,7 @@ Added StoreWriter::Add(const Record& record) {
 }
 
 std::optional<Record> StoreWriter::Find(std::string_view category, std::string_view id) {
-  return Fetch(find_->Bind(id, category));
+  return Fetch(find_->Bind(category, id));
 }
 
 // In the order of their places: each step back would make a piece of index of its own.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <sstream>
 
@@ -32,8 +33,20 @@ std::size_t CharacterLength(std::string_view text) {
   return length;
 }
 
+// How many characters of ASCII the text begins with, in steps of eight.
+std::size_t AsciiLength(std::string_view text) {
+  std::size_t length = 0;
+  for (std::uint64_t eight = 0; length + sizeof eight <= text.size(); length += sizeof eight) {
+    std::memcpy(&eight, text.data() + length, sizeof eight);
+    if ((eight & 0x8080808080808080U) != 0) break;
+  }
+  return length;
+}
+
 bool IsUtf8(std::string_view text) {
   while (!text.empty()) {
+    text.remove_prefix(AsciiLength(text));
+    if (text.empty()) break;
     const std::size_t length = CharacterLength(text);
     if (length == 0) return false;
     text.remove_prefix(length);
@@ -69,8 +82,8 @@ char Latin1Of(char32_t c) {
 
 }  // namespace
 
-std::string ToUtf8(std::string_view bytes) {
-  if (IsUtf8(bytes)) return std::string(bytes);
+std::string ToUtf8(std::string bytes) {
+  if (IsUtf8(bytes)) return bytes;
   std::string text;
   for (const char c : bytes) {
     const std::uint8_t byte = Byte(c);

@@ -10,7 +10,7 @@ namespace discserver {
 
 // What is valid UTF-8 stays as it is, all else is taken for windows-1252. A byte that windows-1252 leaves open becomes
 // the control character of its number, so that every text finds its way back.
-std::string ToUtf8(std::string_view bytes);
+std::string ToUtf8(std::string bytes);
 // Characters that windows-1252 lacks become "?". `utf8` has to be valid.
 std::string ToLatin1(std::string_view utf8);
 

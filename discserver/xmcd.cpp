@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <map>
+#include <utility>
 
 #include "discserver/text.h"
 
@@ -60,7 +61,7 @@ std::string RecordText(std::string_view file) {
     while (line.ends_with('\r')) line.remove_suffix(1);
     if (!line.empty() && line[0] != '.') text.append(line).append("\n");
   }
-  return ToUtf8(text);
+  return ToUtf8(std::move(text));
 }
 
 std::string Value(std::string_view record, std::string_view key) {

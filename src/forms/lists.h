@@ -151,17 +151,16 @@ class TreeBox : public Control {
   std::function<std::vector<std::wstring>(const std::wstring& path)> children;
 
   // Shows the tree of a drive ("C:") with the given folder on it selected and opened.
-  void SetPath(std::wstring path) { SetAndTell(std::move(path)); }
+  void SetPath(const std::wstring& path) {
+    if (path == path_) return;
+    Set(path_, path, Change::Selection);
+    if (pathChanged) pathChanged();
+  }
   const std::wstring& Path() const { return path_; }
 
   std::function<void()> pathChanged;  // also after SetPath
 
  private:
-  void SetAndTell(std::wstring path) {
-    if (path == path_) return;
-    Set(path_, std::move(path), Change::Selection);
-    if (pathChanged) pathChanged();
-  }
   std::wstring path_;
 };
 
