@@ -14,7 +14,7 @@ constexpr std::int64_t kApplication = 0x64697363, kLayout = 1;
 // Pages are large because reading a list of hits is bound to their number. The index keeps no copy of the texts and no
 // lengths; its pieces are merged when an import ends and not before.
 constexpr const char* kCreate = R"(
-  PRAGMA page_size = 16384;
+  PRAGMA page_size = 65536;
   PRAGMA journal_mode = TRUNCATE;
   BEGIN IMMEDIATE;
   CREATE TABLE disc (number INTEGER PRIMARY KEY, category TEXT NOT NULL, id TEXT NOT NULL, revision INTEGER NOT NULL,

@@ -14,7 +14,11 @@ setup=$dist/$(value FileName)
 revision=$(sed -n 's/^project(.* VERSION [0-9]*\.[0-9]*\.\([0-9]*\) .*/\1/p' CMakeLists.txt)
 [ "$(value build)" = "$revision" ] && [ -f "$setup" ] && [ "$(value Path)" = /ostrelco/files ] || complain "upd.dat"
 unzip -q "$dist"/tagrix-*.zip -d "$work"
-for file in manual.html pictures/album.png; do [ -s "$work/Tagrix/manual/$file" ] || complain "no $file"; done
+manual=$work/Tagrix/manual
+[ -s "$manual/manual.html" ] || complain "no manual"
+for file in $(grep -ohE '(src|href)="[^#":]+' "$manual"/*.html | cut -d '"' -f 2 | sort -u); do
+  [ -s "$manual/$file" ] || complain "the manual lacks $file"
+done
 
 # Addresses that can't be guessed, data that can't be run, and no library that Windows would look for beside the
 # program: those named here are its KnownDLLs and the one of the manifest; load_when_called serves the others.

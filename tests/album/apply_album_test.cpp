@@ -153,14 +153,20 @@ TEST_F(ApplyPage, AsksBeforeAFileGetsTheTitleOfAnother) {
       Find<Button>(form.layout, button).Click();
     });
   };
-  page.ren_chk.SetChecked(true);
+  page.ID3v1_chk.SetChecked(true);
   answer("answer2_btn");
   ApplyClicked(page, test.context);
-  EXPECT_EQ(page.session.files[0].name, L"a.mp3");
+  EXPECT_EQ(test.prompts.shown, std::vector<std::string>{"question"});
   answer("answer1_btn");
   ReadSummary();
   ApplyClicked(page, test.context);
   EXPECT_EQ(heading, TestText(message::kDone));
+  EXPECT_EQ(page.mp3_lst.Texts(), (Texts{L"a.mp3", L"b.mp3"}));
+  answer("answer0_btn");
+  test.prompts.dialogs.emplace_back(PressOk);  // of Auto Sort, which has measured at once
+  ReadSummary();
+  ApplyClicked(page, test.context);
+  EXPECT_EQ(page.mp3_lst.Texts(), (Texts{L"b.mp3", L"a.mp3"}));
 }
 
 }  // namespace

@@ -59,6 +59,15 @@ struct Importing : testing::Test {
     const ImportCounts counts = ImportInto(folder / "discs.db", archive);
     return {counts.added, counts.revised, counts.known, counts.skipped};
   }
+  // What is said of an archive that can't be taken.
+  std::string Trouble(const std::string& archive) {
+    try {
+      Take(archive);
+    } catch (const std::runtime_error& error) {
+      return error.what();
+    }
+    return {};
+  }
   std::string Title(const std::string& category, const std::string& id) {
     const auto record = Store(folder / "discs.db").Find(category, id);
     return record ? record->disc.title : "none";
@@ -116,33 +125,13 @@ TEST_F(Importing, KeepsWhatStandsBeforeDamage) {
   const std::vector<File> files = {
       {"rock/0000aa01", Xmcd("A / One")},
       {"jazz/00to0f", "#FILENAME=0000bb01\n" + Xmcd("B / Two") + "#FILENAME=0000bb02\nlast"}};
-  const auto read = [](const std::string& path) {
-    std::pair<std::string, bool> records;  // and whether the archive was whole
-    try {
-      ReadArchive(path, [&](ArchivedRecord&& record) { records.first += record.id + record.file + "\n"; });
-      records.second = true;
-    } catch (const std::runtime_error& error) {
-      EXPECT_NE(std::string(error.what()).find(path), std::string::npos);
-    }
-    return records;
-  };
-  for (const std::string name : {"a.tar", "a.tar.gz"}) {
+  for (const std::string name : {"a.tar.gz", "a.tar"}) {
     const std::string whole = Bytes(Pack(folder / name, files));
-    const auto [all, complete] = read(folder / name);
-    EXPECT_TRUE(complete);
-    const std::size_t step = name == "a.tar" ? 13 : 1;
-    for (std::size_t size = 1; size < std::min<std::size_t>(whole.size(), 2048); size += step) {
-      std::ofstream(folder / "cut", std::ios::binary) << whole.substr(0, size);
-      const auto [records, uncut] = read(folder / "cut");
-      EXPECT_TRUE(all.starts_with(records)) << name << " " << size;
-      // A tar file that ends between two files passes for a whole one.
-      EXPECT_TRUE(!uncut || size % 512 == 0) << name << " " << size;
-    }
+    std::ofstream(folder / "cut", std::ios::binary) << whole.substr(0, name == "a.tar" ? 1700 : whole.size() - 20);
+    EXPECT_NE(Trouble(folder / "cut").find("cut: "), std::string::npos);
   }
-  std::ofstream(folder / "cut.tar", std::ios::binary) << Bytes(folder / "a.tar").substr(0, 1700);
-  EXPECT_THROW(Take(folder / "cut.tar"), std::runtime_error);
   EXPECT_EQ(Title("rock", "0000aa01"), "A / One");
-  EXPECT_THROW(Take(folder / "missing.tar"), std::runtime_error);
+  EXPECT_NE(Trouble(folder / "missing.tar"), "");
   std::ofstream(folder / "other.db") << "something else";
   EXPECT_THROW(ImportInto(folder / "other.db", folder / "a.tar"), std::runtime_error);
 }
@@ -169,22 +158,7 @@ TEST_F(Importing, GoesOnAfterAKill) {
   EXPECT_EQ(store.Match("artist AND 42", kDiscs).size(), static_cast<std::size_t>(kDiscs / 100));
 }
 
-// However the bytes of a file are handed over, the same records come out, none of them without limit.
-TEST_F(Importing, SplitsFilesAtAnyByte) {
-  const std::string file = "#FILENAME=1\na\n#FILENAME=2 \r\nb#FILENAME=x\n#FILENAME=\n\n#FILENAME=3";
-  std::vector<std::string> expected;
-  for (std::size_t cut = 0; cut <= file.size(); ++cut) {
-    std::vector<std::string> records;
-    const RecordSink sink = [&](ArchivedRecord&& record) { records.push_back(record.id + ":" + record.file); };
-    RecordSplitter splitter("rock/many", sink);
-    splitter.Take(file.substr(0, cut));
-    splitter.Take(file.substr(cut));
-    splitter.End();
-    if (cut == 0) expected = records;
-    EXPECT_EQ(records, expected) << cut;
-  }
-  EXPECT_EQ(expected, (std::vector<std::string>{"1:a\n", "2:b#FILENAME=x\n", ":\n", "3:"}));
-
+TEST_F(Importing, TakesNoRecordWithoutLimit) {
   std::size_t largest = 0, last = 0;
   const RecordSink sink = [&](ArchivedRecord&& record) { largest = std::max(largest, last = record.file.size()); };
   RecordSplitter splitter("rock/many", sink);

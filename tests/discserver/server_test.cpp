@@ -35,9 +35,14 @@ struct Server : testing::Test {
 };
 
 TEST_F(Server, IsAWebSiteAndAProxy) {
+  const std::string page = "/freedb_search.php?words=";
+  EXPECT_TRUE(Answers(page + "CAF%C9", "&id=2404fc04\">Odile Fontan\xE8s Trio / Caf\xE9 du L\xE9zard</a></td>"));
+  EXPECT_TRUE(Answers(page + "harbour+%3Clights", "with harbour &lt;lights<"));
+  EXPECT_TRUE(Answers(page + "harbour+lights", "><font size=-1>The Paper Lanterns / Harbour Lights</font></a>"));
   EXPECT_TRUE(Answers("http://www.freedb.org" + kSearch,
                       "<a href=\"http://www.freedb.org/freedb_search_fmt.php?cat=rock&id=47013c08\">"));
-  EXPECT_TRUE(Answers("/~cddb/cddb.cgi?cmd=search&artist=&album=caf%C3%A9&hello=a+b+c+d&proto=6", "Caf\u00E9"));
+  EXPECT_TRUE(Answers("/~cddb/cddb.cgi?cmd=search&artist=&album=caf%C3%A9&hello=a+b+c+d&proto=6",
+                      "200 Found 1 matches, list follows (until terminating `.')\r\njazz 2404fc04 Odile"));
   EXPECT_TRUE(Answers("/ws/2/release?query=release:caf%C3%A9&fmt=json&limit=1", "\"score\":100"));
 }
 

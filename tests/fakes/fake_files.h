@@ -37,6 +37,8 @@ class FakeFiles : public Files {
     failAt_ = n;
     dies_ = true;
   }
+  // Whether the call that was to fail never came.
+  bool Spared() const { return failAt_ > 1; }
   // The machine starts again after a crash. Of what was written and not flushed nothing is there, or all, or what lies
   // in one half of its file.
   enum class Unflushed { Lost, Kept, FirstHalf, SecondHalf };

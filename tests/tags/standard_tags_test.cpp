@@ -72,6 +72,7 @@ struct Standard : testing::Test, TestContext {
   bool patched = false;
 };
 
+// More kinds, and what other programs read of them: tests/corpus/tags.py.
 TEST_F(Standard, ReplacesSevenFramesAndKeepsEveryOther) {
   const std::string picture = "image/jpeg" + kZero + "\3cover" + kZero + std::string(40000, '\xFF');
   const std::string gain = Id3Frame(3, "COMM", kZero + "engiTunNORM" + kZero + "0001"),
@@ -87,20 +88,15 @@ TEST_F(Standard, ReplacesSevenFramesAndKeepsEveryOther) {
     int version;
     std::string kept;
   } cases[] = {
-      {"", 3, ""},
       {Tag(3, ours + kept3 + tyer), 3, kept3},
       {Tag(3, BigEndianBytes(6) + std::string(6, '\0') + kept3, 0x40), 3, kept3},  // extended header
-      {Tag(3, rating + kZero, 0x80), 3, rating},
-      {Tag(4, kept4 + Id3Frame(4, "TDRC", "x") + tyer, 0x10), 4, kept4},  // footer
+      {Tag(4, kept4 + Id3Frame(4, "TDRC", "x") + tyer, 0x10), 4, kept4},           // footer
       {Tag(4, SyncsafeBytes(6) + "\1" + kZero + kept4, 0x40), 4, kept4},
-      {Tag(4, Id3Frame(3, "APIC", picture) + Id3Frame(3, "PRIV", "p")), 4,
-       Id3Frame(4, "APIC", picture) + Id3Frame(4, "PRIV", "p")},
+      {Tag(2, Id3Frame(2, "PIC", kZero + "JPG\3" + kZero + "data")), 3,
+       Id3Frame(3, "APIC", kZero + "image/jpeg" + kZero + "\3" + kZero + "data")},
       {classic + Tag(3, kept3) + Tag(3, gain + rating), 3, kept3 + rating},  // in a row, sizes mixed up
       {Tag(3, Id3Frame(3, "APIC", BigEndianBytes(300) + "5678", 0x80A0) + rating) + Tag(4, ""), 4,
        Id3Frame(4, "APIC", "5" + SyncsafeBytes(300) + "678", 0x4049) + Id3Frame(4, "POPM", rating.substr(10))},
-      {Tag(2, Id3Frame(2, "PIC", kZero + "JPG\3" + kZero + "data") + Id3Frame(2, "TT2", "x") +
-                  Id3Frame(2, "ULT", "lyrics")),
-       3, Id3Frame(3, "APIC", kZero + "image/jpeg" + kZero + "\3" + kZero + "data") + Id3Frame(3, "USLT", "lyrics")},
   };
   for (const auto& [tags, version, kept] : cases) {
     SCOPED_TRACE(testing::PrintToString(tags.substr(0, 60)));
@@ -117,14 +113,12 @@ TEST_F(Standard, ReplacesSevenFramesAndKeepsEveryOther) {
 }
 
 TEST_F(Standard, WritesTextsThatOtherReadersRead) {
-  fields = {L"\x141 \U0001F600", L"12", std::wstring(300, 0xE9), L"\x2019", L" ", L"\x6F22", L"Rock"};
-  const std::string utf16 = "\1\xFF\xFE", title = utf16 + std::string("A\1 \0\x3D\xD8\0\xDE", 8);
+  fields = {L"\x141 \U0001F600", L"12", std::wstring(300, 0xE9), L"", L" ", L"\x6F22", L""};
+  const std::string title = "\1\xFF\xFE" + std::string("A\1 \0\x3D\xD8\0\xDE", 8);
   const std::string comment = "\1eng\xFF\xFE" + kZero + kZero + "\xFF\xFE\x22\x6F";
   const std::string frames = Id3Frame(3, "TIT2", title) + Id3Frame(3, "TPE1", kZero + std::string(300, '\xE9')) +
-                             Id3Frame(3, "TALB", utf16 + "\x19\x20") + Id3Frame(3, "TCON", kZero + "Rock") +
-                             Id3Frame(3, "TRCK", kZero + "12") +
-                             Id3Frame(3, "COMM", comment);  // no year: nothing to say
-  EXPECT_TRUE(Write(sound).substr(10).starts_with(frames + kZero));
+                             Id3Frame(3, "TRCK", kZero + "12") + Id3Frame(3, "COMM", comment);
+  EXPECT_TRUE(Write(sound).substr(10).starts_with(frames + kZero));  // none for what says nothing
   EXPECT_TRUE(concerns.foreignText && concerns.longText && concerns.overwritesEnd && !concerns.oldTag);
   EXPECT_NE(Write(Tag(4, "") + sound).find(Id3Frame(4, "TIT2", "\3\xC5\x81 \xF0\x9F\x98\x80")), std::string::npos);
 }

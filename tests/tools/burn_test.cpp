@@ -2,6 +2,7 @@
 
 #include "base/publisher.h"
 #include "core/long_work.h"
+#include "core/messages.h"
 #include "dialogs/fixtures.h"
 #include "tools/burn/burn_mod.h"
 
@@ -80,7 +81,11 @@ TEST_F(Burn, WaitsForTheEndUnlessCancelledAndSaysWhenTheListCannotBeWritten) {
   EXPECT_EQ(shell.commandLines, Texts{L"C:\\Burn er\\copytocd.exe /fl=\"C:\\Tagrix\\list.c2c\" "
                                       L"/cdaudio=\"C:\\Tagrix\\list.c2c\""});
   shell.runsFor = 1000000;
-  events.Post([&] { CancelWork(context); });
+  events.Post([&] {
+    EXPECT_EQ(context.status_lbl.Text(), TestText(message::kBurning));
+    EXPECT_FALSE(page.burn_frm.Enabled());
+    CancelWork(context);
+  });
   page.burn_btn.Click();  // Cancel ends only the wait
   EXPECT_TRUE(prompts.messages.empty());
   files.FailCall(1);

@@ -258,8 +258,6 @@ bool Program::HasKeyboard(const std::string& name) const {
 
 std::wstring Program::Text(const std::string& name) const { return TextOf(Window(name)); }
 
-bool Program::Ticked(const std::string& name) const { return Ask(Window(name), BM_GETCHECK) == BST_CHECKED; }
-
 std::vector<std::wstring> Program::Rows(const std::string& list, int column) const {
   constexpr size_t kLength = 512;
   const HWND window = Window(list);

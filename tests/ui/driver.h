@@ -49,7 +49,6 @@ class Program {
   bool HasKeyboard(const std::string& name) const;
   std::wstring Text(const std::string& name) const;
   std::vector<std::wstring> Rows(const std::string& list, int column = 0) const;
-  bool Ticked(const std::string& name) const;
 
   // Real clicks, once the control can be used.
   void Click(const std::string& name) const;

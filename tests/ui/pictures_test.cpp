@@ -78,7 +78,7 @@ TEST_F(PicturesTest, DISABLED_OfEveryPageAndDialog) {
   program.Click("cancel_btn");
   Open("helpgenre_btn", "genre", "genre", "cancel_btn");
   Keep("album");
-  program.Click("apply_btn");
+  Open("apply_btn", "AskTagStyle", "style", "standard_btn");
   program.Window("summary");
   Keep("summary", "summary");
   Press(VK_RETURN);
@@ -90,7 +90,7 @@ TEST_F(PicturesTest, DISABLED_OfEveryPageAndDialog) {
 
   // As a new user finds them.
   program_.reset();
-  ClearSettings();
+  ForgetSettings();
   Speak();
   Start();
   for (const auto& [page, name] : {std::pair(1, "lister"), {5, "setup"}, {6, "about"}}) {

@@ -27,6 +27,18 @@ TEST_F(StartTest, ShowsEachPageAtAClick) {
   EXPECT_TRUE(program.Ends());
 }
 
+TEST_F(StartTest, AsksOverTheWindowWhenTheBurningProgramIsMissing) {
+  ClearSettings();
+  SetSetting(L"AutoUpd", L"0");
+  const Program& program = Start();
+  program.Window("question");
+  EXPECT_TRUE(program.Shows("tagrix"));
+  Picture("");
+  program.Click("again_chk");
+  program.Click("answer1_btn");
+  EXPECT_TRUE(Until([&] { return Setting(L"AskCopyToDVD") == L"0"; }));
+}
+
 TEST_F(StartTest, NeedsWholeLanguage) {
   std::ofstream(folder_ / "english.lf", std::ios::binary) << std::string(100'000, '\xFE');
   const Program& program = Start();

@@ -25,14 +25,18 @@ std::string Bytes(const fs::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-void UiTest::SetUp() {
+void UiTest::ForgetSettings() {
   ClearSettings();
+  SetSetting(L"AskCopyToDVD", L"0");
+}
+
+void UiTest::SetUp() {
+  ForgetSettings();
   const fs::path program = PathFrom(L"TAGRIX_PROGRAM");
   ASSERT_TRUE(fs::exists(program)) << program;
   folder_ = fs::temp_directory_path() / "tagrix.ui";
   fs::remove_all(folder_);
   fs::create_directories(folder_);
-  InstallBurner(true);
   for (const auto& entry : fs::directory_iterator(program.parent_path())) {
     const fs::path ending = entry.path().extension();
     const bool text = ending == ".lf" || ending == ".lfx";
@@ -46,21 +50,7 @@ void UiTest::SetUp() {
 void UiTest::TearDown() {
   if (HasFailure()) Picture(" failed");
   program_.reset();
-  InstallBurner(false);
   ClearSettings();
-}
-
-void UiTest::InstallBurner(bool install) const {
-  constexpr const wchar_t *kKey = L"Software\\VSO", *kValue = L"CopyToDVD";
-  const std::wstring folder = BurnerFolder().wstring() + L"\\";
-  RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue);
-  if (!install) return;
-  fs::create_directories(BurnerFolder());
-  wchar_t tests[MAX_PATH] = L"";
-  GetModuleFileNameW(nullptr, tests, MAX_PATH);
-  fs::copy(fs::path(tests).parent_path() / "copytocd.exe", BurnerFolder() / "copytocd.exe");
-  RegSetKeyValueW(HKEY_LOCAL_MACHINE, kKey, kValue, REG_SZ, folder.c_str(),
-                  static_cast<DWORD>((folder.size() + 1) * sizeof(wchar_t)));
 }
 
 void UiTest::Picture(const std::string& suffix) {

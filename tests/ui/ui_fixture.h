@@ -20,10 +20,8 @@ class UiTest : public testing::Test {
   void SetUp() override;
   void TearDown() override;
 
-  // Without the burning program every start begins with a question. The one that is installed here is a stand-in, in
-  // a folder with a blank in its name.
-  void InstallBurner(bool install) const;
-  std::filesystem::path BurnerFolder() const { return folder_ / "my burner"; }
+  // All but one: without the burning program every start would begin with a question.
+  static void ForgetSettings();
   Program& Start(const std::filesystem::path& argument = {}) {
     return program_.emplace(folder_ / "tagrix.exe", argument);
   }
