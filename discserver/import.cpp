@@ -77,7 +77,7 @@ Item Prepare(ArchivedRecord&& archived) {
   record.disc = {std::move(archived.category), std::move(archived.id), ""};
   if (archived.linkId.empty()) {
     record.text = RecordText(archived.file);
-    record.disc.title = Value(record.text, "DTITLE=");
+    record.disc.title = DiscTitle(record.text);
     record.revision = Revision(record.text);
     if (record.disc.title.empty()) return {};
   }

@@ -112,7 +112,8 @@ std::string ReleaseId(const Disc& disc) { return Uuid(disc.id, disc.category + "
 std::string FindReleases(Store& store, std::string_view query, std::size_t limit) {
   constexpr std::size_t kMostReleases = 100;
   Json releases = Json::array();
-  for (const auto& [disc, record, score] : Search(store, ParseLucene(ToUtf8(std::string(query))), std::min(limit, kMostReleases))) {
+  for (const auto& [disc, record, score] :
+       Search(store, ParseLucene(ToUtf8(std::string(query))), std::min(limit, kMostReleases))) {
     const auto [artist, title] = SplitTitle(disc.title);
     const std::size_t tracks = Tracks(record).size();
     Json release = {{"id", ReleaseId(disc)}, {"score", score},       {"count", 1},

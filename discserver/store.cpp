@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "discserver/xmcd.h"
 
@@ -9,7 +10,7 @@ namespace discserver {
 namespace {
 
 // The database's own number of this program's files, and of their layout.
-constexpr std::int64_t kApplication = 0x64697363, kLayout = 1;
+constexpr std::int64_t kApplication = 0x64697363, kLayout = 2;
 
 // Pages are large because reading a list of hits is bound to their number. The index keeps no copy of the texts and no
 // lengths; its pieces are merged when an import ends and not before.
@@ -18,17 +19,17 @@ constexpr const char* kCreate = R"(
   PRAGMA journal_mode = TRUNCATE;
   BEGIN IMMEDIATE;
   CREATE TABLE disc (number INTEGER PRIMARY KEY, category TEXT NOT NULL, id TEXT NOT NULL, revision INTEGER NOT NULL,
-                     title TEXT NOT NULL, record TEXT NOT NULL);
+                     record TEXT NOT NULL);
   CREATE UNIQUE INDEX disc_id ON disc (category, id);
   CREATE TABLE category (name TEXT PRIMARY KEY, discs INTEGER NOT NULL) WITHOUT ROWID;
   CREATE VIRTUAL TABLE words USING fts5 (artist, album, content = '', columnsize = 0,
                                          tokenize = 'unicode61 remove_diacritics 2');
   INSERT INTO words (words, rank) VALUES ('automerge', 0), ('crisismerge', 1999), ('hashsize', 100000000);
   PRAGMA application_id = 1684632419;
-  PRAGMA user_version = 1;
+  PRAGMA user_version = 2;
   COMMIT)";
 
-constexpr const char* kFind = "SELECT category, id, title, revision, record FROM disc WHERE category = ? AND id = ?";
+constexpr const char* kFind = "SELECT category, id, revision, record FROM disc WHERE category = ? AND id = ?";
 
 // A place in the index: how long the title is, up to 255, and the disc's number below it, so that walking over the
 // index meets short titles first.
@@ -67,9 +68,8 @@ Database OpenToWrite(const std::string& path) {
 
 std::optional<Record> Fetch(Statement& statement) {
   if (!statement.Step()) return std::nullopt;
-  Record record{{statement.Text(0), statement.Text(1), statement.Text(2)},
-                static_cast<int>(statement.Number(3)),
-                statement.Text(4)};
+  Record record{{statement.Text(0), statement.Text(1), ""}, static_cast<int>(statement.Number(2)), statement.Text(3)};
+  record.disc.title = DiscTitle(record.text);
   statement.Bind();  // ends the read, so that it locks nothing
   return record;
 }
@@ -79,10 +79,10 @@ std::optional<Record> Fetch(Statement& statement) {
 Store::Store(const std::string& path)
     : database_(OpenToRead(path)),
       match_(database_, "SELECT rowid FROM words WHERE words MATCH ? ORDER BY rowid LIMIT ?"),
-      at_(database_, "SELECT category, id, title, revision, record FROM disc WHERE number = ?"),
+      at_(database_, "SELECT category, id, revision, record FROM disc WHERE number = ?"),
       find_(database_, kFind),
       withId_(database_,
-              "SELECT category, id, title FROM category JOIN disc ON category = name WHERE id = ? ORDER BY name"),
+              "SELECT category, id, record FROM category JOIN disc ON category = name WHERE id = ? ORDER BY name"),
       categories_(database_, "SELECT name, discs FROM category") {}
 
 std::vector<std::int64_t> Store::Match(const std::string& expression, std::size_t most) {
@@ -101,7 +101,7 @@ std::optional<Record> Store::Find(std::string_view category, std::string_view id
 std::vector<Disc> Store::WithId(std::string_view id) {
   std::vector<Disc> discs;
   withId_.Bind(id);
-  while (withId_.Step()) discs.push_back({withId_.Text(0), withId_.Text(1), withId_.Text(2)});
+  while (withId_.Step()) discs.push_back({withId_.Text(0), withId_.Text(1), DiscTitle(withId_.Text(2))});
   return discs;
 }
 
@@ -115,10 +115,10 @@ std::map<std::string, std::int64_t> Store::Categories() {
 StoreWriter::StoreWriter(const std::string& path) : database_(OpenToWrite(path)) {
   find_.emplace(database_, kFind);
   insert_.emplace(database_,
-                  "INSERT INTO disc (category, id, revision, title, record) VALUES (?, ?, ?, ?, ?) "
+                  "INSERT INTO disc (category, id, revision, record) VALUES (?, ?, ?, ?) "
                   "ON CONFLICT DO NOTHING");
-  known_.emplace(database_, "SELECT number, revision, title FROM disc WHERE category = ? AND id = ?");
-  revise_.emplace(database_, "UPDATE disc SET revision = ?, title = ?, record = ? WHERE number = ?");
+  known_.emplace(database_, "SELECT number, revision, record FROM disc WHERE category = ? AND id = ?");
+  revise_.emplace(database_, "UPDATE disc SET revision = ?, record = ? WHERE number = ?");
   count_.emplace(database_,
                  "INSERT INTO category VALUES (?, ?) ON CONFLICT DO UPDATE SET discs = discs + excluded.discs");
   index_.emplace(database_, "INSERT INTO words (rowid, artist, album) VALUES (?, ?, ?)");
@@ -129,7 +129,7 @@ Added StoreWriter::Add(const Record& record) {
   if (!writing_) database_.Run("BEGIN IMMEDIATE");
   writing_ = true;
   const Disc& disc = record.disc;
-  insert_->Bind(disc.category, disc.id, record.revision, disc.title, record.text).Run();
+  insert_->Bind(disc.category, disc.id, record.revision, record.text).Run();
   if (sqlite3_changes(database_.Handle()) == 1) {
     ++counts_[disc.category];
     changes_.push_back({Place(sqlite3_last_insert_rowid(database_.Handle()), disc.title), disc.title, false});
@@ -138,10 +138,10 @@ Added StoreWriter::Add(const Record& record) {
   known_->Bind(disc.category, disc.id).Step();
   const std::int64_t number = known_->Number(0);
   const bool newer = record.revision > known_->Number(1);
-  const std::string title = known_->Text(2);
+  const std::string title = DiscTitle(known_->Text(2));
   known_->Bind();
   if (!newer) return Added::Known;
-  revise_->Bind(record.revision, disc.title, record.text, number).Run();
+  revise_->Bind(record.revision, record.text, number).Run();
   changes_.push_back({Place(number, title), title, true});
   changes_.push_back({Place(number, disc.title), disc.title, false});
   return Added::Revised;
@@ -153,9 +153,12 @@ std::optional<Record> StoreWriter::Find(std::string_view category, std::string_v
 
 // In the order of their places: each step back would make a piece of index of its own.
 void StoreWriter::WriteIndex() {
-  std::stable_sort(changes_.begin(), changes_.end(),
-                   [](const IndexChange& a, const IndexChange& b) { return a.place < b.place; });
-  for (const IndexChange& change : changes_) {
+  std::vector<std::pair<std::int64_t, std::size_t>> order;
+  order.reserve(changes_.size());
+  for (const IndexChange& change : changes_) order.emplace_back(change.place, order.size());
+  std::sort(order.begin(), order.end());
+  for (const auto& [place, i] : order) {
+    const IndexChange& change = changes_[i];
     const auto [artist, album] = SplitTitle(change.title);
     (change.remove ? unindex_ : index_)->Bind(change.place, artist, album).Run();
   }

@@ -74,6 +74,8 @@ std::string Value(std::string_view record, std::string_view key) {
   return value;
 }
 
+std::string DiscTitle(std::string_view record) { return Value(record, "DTITLE="); }
+
 int Revision(std::string_view record) { return static_cast<int>(std::max(NumberAfter(record, "# Revision:"), 0L)); }
 
 std::string WithoutYearAndGenre(std::string_view record) {

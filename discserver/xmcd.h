@@ -15,6 +15,7 @@ std::string RecordText(std::string_view file);
 // The values of all lines "key=value", joined: long ones are continued on further lines with the same key. `key` ends
 // with "=". Of this and the functions below `record` is what RecordText gives.
 std::string Value(std::string_view record, std::string_view key);
+std::string DiscTitle(std::string_view record);  // "Artist / Title"
 // "# Revision: 3"; 0 when it isn't told.
 int Revision(std::string_view record);
 // The record without the lines of DYEAR and DGENRE, which clients below protocol level 5 don't know.
