@@ -174,9 +174,10 @@ void StoreWriter::Commit() {
   writing_ = false;
 }
 
+// Without its journal, which would stay as an empty file.
 void StoreWriter::Finish() {
   Commit();
-  database_.Run("INSERT INTO words (words) VALUES ('optimize')");
+  database_.Run("INSERT INTO words (words) VALUES ('optimize'); PRAGMA journal_mode = DELETE");
 }
 
 }  // namespace discserver
