@@ -56,8 +56,7 @@ def make(folder, number, mode, before):
     names = [f"{dice.randrange(1 << 32):08x}.mp3" for _ in seconds]
     for i, (name, length) in enumerate(zip(names, seconds)):
         if not (folder / name).exists():
-            encoder = ["lame", "--quiet", "-q", "7", "-r", "-s", "44.1", *(mode(i) if callable(mode) else mode), "-", "-"]
-            sound = sounds.run(encoder, wave[-int(length * 44100) * 4:])
+            sound = sounds.end_of(wave, length, mode(i) if callable(mode) else mode)
             (folder / name).write_bytes(before(i, *pictures) + sound + wrappings.ID3V1)
     return names, [int((length + dice.uniform(0, 1)) * 75) for length in seconds]
 

@@ -6,6 +6,7 @@ import concurrent.futures
 import os
 import pathlib
 import subprocess
+import tempfile
 
 SECONDS = 4.3
 # Tones with a rhythm, noise that comes and goes, silence: so that variable bit rates vary.
@@ -52,6 +53,14 @@ def wave(path, rate=44100, seconds=SECONDS):
     if not path.exists():
         run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", f"aevalsrc='{SIGNAL}':s={rate}:d={seconds}", "-y", path])
     return path
+
+
+def end_of(signal, seconds, mode):
+    """The last so many seconds of a WAV file's content, encoded by lame, which writes its header only into files."""
+    with tempfile.NamedTemporaryFile(suffix=".mp3") as encoded:
+        run(["lame", "--quiet", "-q", "7", "-r", "-s", "44.1", *mode, "-", encoded.name],
+            signal[-int(seconds * 44100) * 4:])
+        return encoded.read()
 
 
 def with_vbri(xing_file):

@@ -16,6 +16,7 @@ OURS = {"TIT2", "TRCK", "TPE1", "TALB", "TYER", "TDRC", "TCON"}
 OLD = [("TIT2", 0, b"\0An old title"), ("TPE1", 0, b"\0Somebody"), ("TALB", 0, b"\0Something"),
        ("TYER", 0, b"\x001901"), ("TCON", 0, b"\0(17)"), ("TRCK", 0, b"\x0099/100"),
        ("COMM", 0, b"\0eng\0An old comment")]
+OLD4 = [("TDRC", *rest) if name == "TYER" else (name, *rest) for name, *rest in OLD]  # as 2.4 has it
 RATING = ("POPM", 0, b"me@home\0\xff\0\0\0\7")
 LYRICS = ("USLT", 0, b"\1eng\xff\xfe\0\0\xff\xfel\0a\0")
 SOUNDCHECK = ("COMM", 0, b"\0engiTunNORM\0 000002C1 0000035E")
@@ -83,8 +84,8 @@ def cover(kind, size=300):
                            "-"], check=True, stdout=subprocess.PIPE).stdout
 
 
-def picture(kind):
-    return ("APIC", 0, b"\0image/" + kind.encode() + b"\0\3cover\0" + cover(kind))
+def picture(kind, size=300):
+    return ("APIC", 0, b"\0image/" + kind.encode() + b"\0\3cover\0" + cover(kind, size))
 
 
 def ape(header=True):
@@ -163,7 +164,6 @@ def version2():
 
 def make_kinds():
     jpeg, png = picture("jpeg"), picture("png")
-    year4 = [("TDRC", 0, b"\x001901") if entry[0] == "TYER" else entry for entry in OLD]
     marked = ("PRIV", 2, unsynchronised(b"owner\0\xff\xe0\xff\0"))  # unsynchronised by its own flag
     long = ("TXXX", 0, b"\0long\0" + b"x" * 3000)
     whole3 = frames([*OLD, jpeg, *OTHERS], 3)
@@ -180,12 +180,12 @@ def make_kinds():
         "v2.3-empty": by_hand(tag(bytes(500), 3), []),
         "v2.3-mixed-sizes": by_hand(tag(frames([long, *OTHERS], 3, False), 3), [long, *OTHERS]),
         "v2.3-bare-png": by_hand(tag(frames([png], 3), 3), [png]),
-        "v2.4": by_hand(tag(frames([*year4, png, *OTHERS, marked], 4), 4), [png, *OTHERS, marked], V1),
-        "v2.4-unsync": by_hand(tag(frames([*year4, marked, SOUNDCHECK], 4), 4, 0x80), [marked, SOUNDCHECK]),
-        "v2.4-extended": by_hand(tag(extended4 + frames([*year4, jpeg], 4), 4, 0x40), [jpeg]),
-        "v2.4-footer": by_hand(tag(frames([*year4, jpeg, *OTHERS], 4), 4, 0x10), [jpeg, *OTHERS]),
+        "v2.4": by_hand(tag(frames([*OLD4, png, *OTHERS, marked], 4), 4), [png, *OTHERS, marked], V1),
+        "v2.4-unsync": by_hand(tag(frames([*OLD4, marked, SOUNDCHECK], 4), 4, 0x80), [marked, SOUNDCHECK]),
+        "v2.4-extended": by_hand(tag(extended4 + frames([*OLD4, jpeg], 4), 4, 0x40), [jpeg]),
+        "v2.4-footer": by_hand(tag(frames([*OLD4, jpeg, *OTHERS], 4), 4, 0x10), [jpeg, *OTHERS]),
         "v2.4-mixed-sizes": by_hand(tag(frames([long, *OTHERS], 4, True), 4), [long, *OTHERS]),
-        "appended": by_hand(b"", [jpeg], tag(frames([*year4, jpeg], 4), 4, 0x10) + V1),
+        "appended": by_hand(b"", [jpeg], tag(frames([*OLD4, jpeg], 4), 4, 0x10) + V1),
         "several": by_hand(tag(frames([*OLD, RATING], 3), 3) + tag(frames([*OLD, jpeg, RATING], 3) + bytes(99), 3),
                            [RATING, jpeg]),
         "several-2.2": by_hand(version2()[0] + tag(frames([*OLD, LYRICS], 3), 3), [*version2()[1], LYRICS]),

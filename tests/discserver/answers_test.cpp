@@ -113,7 +113,7 @@ TEST_F(Answers, GatewayReplies) {
       {"cddb", "6", "500 ", "Unrecognized"},
       {"cddb write", "6", "500 ", "Unrecognized"},
       {"cddb lscat", "6", "210 ", "\r\nmisc\r\n"},
-      {"stat", "6", "210 ", "Database entries: 17\r\n"},
+      {"stat", "6", "210 ", "Database entries: 18\r\n"},
       {"sites", "6", "210 ", "\r\nbox http 18080 /~cddb/cddb.cgi N000.00"},
       {"sites", "1", "210 ", "\r\nbox 18080 N000.00"},
       {"cddb read rock 47013c08", "7", "501 ", "\r\n"},

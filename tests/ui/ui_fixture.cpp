@@ -75,4 +75,17 @@ void AlbumTest::SetUp() {
   SetSetting(L"Pattern", L"%1 - %6 - %2");
 }
 
+const Program& AlbumTest::StartWithDisc(const std::wstring& words) {
+  const Program& program = Start(album_);
+  EXPECT_TRUE(Until([&] { return program.Rows("mp3_lst").size() == NamesIn(album_).size(); }));
+  program.Click("go_btn");
+  program.Window("AskQuery");
+  program.Fill("query_txt", words);
+  Press(VK_RETURN);
+  EXPECT_TRUE(Until([&] { return program.HasKeyboard("resalb_lst"); }));
+  Press(VK_RETURN);
+  EXPECT_TRUE(Until([&] { return program.Enabled("apply_btn"); }));
+  return program;
+}
+
 }  // namespace tagrix::ui

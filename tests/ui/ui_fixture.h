@@ -37,6 +37,9 @@ class AlbumTest : public UiTest {
  protected:
   void SetUp() override;
 
+  // Starts on the album, as "Send to" does, and retrieves the first disc that the words find.
+  const Program& StartWithDisc(const std::wstring& words);
+
   std::filesystem::path album_;
 };
 
