@@ -1,11 +1,8 @@
 #include "views/file_menu.h"
 
-#include "base/file_names.h"
 #include "base/paths.h"
 #include "core/dispatch.h"
 #include "core/messages.h"
-#include "core/notices.h"
-#include "dialogs/trackedit.h"
 
 namespace tagrix {
 
@@ -32,23 +29,10 @@ std::vector<MenuEntry> FileMenu(Context& context, ListBox& list) {
   }
   std::vector<MenuEntry> menu = FileMenu(context, paths);
   if (!menu.empty()) {
-    menu.push_back({context.Text(message::kRenameFile),
-                    Command(context, [&context, &list] { RenameSelected(context, list); }), paths.size() == 1});
+    menu.push_back(
+        {context.Text(message::kRenameFile), [&list] { list.PressKey(ListKey::Rename); }, paths.size() == 1});
   }
   return menu;
-}
-
-void RenameSelected(Context& context, ListBox& list) {
-  if (list.SelectedCount() != 1) return;
-  const std::wstring path = list.ItemText(list.SelectedIndex());
-  std::wstring name(FileNamePart(path));
-  if (!EditLine(context, context.Text(message::kRenameCaption), context.Text(message::kNameAfter), name)) return;
-  name = CleanAndTrimFileName(name);
-  const std::wstring renamed = std::wstring(FolderPart(path)) + SafeFileName(name);
-  if (name.empty() || renamed == path || !RenameFile(context, path, renamed)) return;
-  for (int i = 0; i < list.Count(); ++i) {  // a list may hold it twice
-    if (list.ItemText(i) == path) list.SetItemText(i, renamed);
-  }
 }
 
 }  // namespace tagrix

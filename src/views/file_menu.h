@@ -15,11 +15,8 @@ namespace tagrix {
 // are copied, one a line. None when nothing is selected.
 std::vector<MenuEntry> FileMenu(Context& context, const std::vector<std::wstring>& paths);
 
-// The same for the selected entries of a list whose texts are full paths, and "Rename".
+// The same for the selected entries of a list whose texts are full paths, and "Rename", as by its key.
 std::vector<MenuEntry> FileMenu(Context& context, ListBox& list);
-
-// Lets the user give the selected file of such a list another name, on the disk and in the list.
-void RenameSelected(Context& context, ListBox& list);
 
 }  // namespace tagrix
 

@@ -14,6 +14,7 @@
 #include "core/notices.h"
 #include "dialogs/choose_files.h"
 #include "dialogs/folder_chooser.h"
+#include "dialogs/rename_file.h"
 #include "views/file_menu.h"
 
 namespace tagrix {

@@ -17,6 +17,7 @@
 #include "dialogs/ask_user.h"
 #include "dialogs/choose_files.h"
 #include "dialogs/folder_chooser.h"
+#include "dialogs/rename_file.h"
 #include "storage/small_files.h"
 #include "tools/burn/capacity.h"
 #include "views/file_menu.h"

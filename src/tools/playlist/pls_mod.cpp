@@ -12,6 +12,7 @@
 #include "core/notices.h"
 #include "dialogs/choose_files.h"
 #include "dialogs/folder_chooser.h"
+#include "dialogs/rename_file.h"
 #include "storage/m3u.h"
 #include "storage/small_files.h"
 #include "views/file_menu.h"
