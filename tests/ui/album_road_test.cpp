@@ -129,8 +129,10 @@ TEST_F(AlbumRoadTest, FindsTheAlbumInEverySource) {
     program.Click("ok_btn");
     ASSERT_TRUE(Until([&] { return !program.Rows("resalb_lst").empty(); }));
     program.Click("fetch_btn");
-    ASSERT_TRUE(Until([&] { return program.Rows("mp3_lst", kTrack)[1] == L"[02] Tin Roof Rain"; }));
-    EXPECT_EQ(program.Text("artist_txt"), L"The Paper Lanterns");
+    ASSERT_TRUE(Until([&] {
+      return program.Rows("mp3_lst", kTrack)[1] == L"[02] Tin Roof Rain" &&
+             program.Text("artist_txt") == L"The Paper Lanterns";
+    })) << testing::PrintToString(program.Text("artist_txt"));
   }
 }
 
