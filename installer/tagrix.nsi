@@ -29,7 +29,7 @@ VIAddVersionKey LegalCopyright "Tagrix contributors, MIT License"
 
 !define MUI_ICON "${STAGE}/../tagrix.ico"
 !define MUI_UNICON "${STAGE}/../tagrix.ico"
-!define MUI_WELCOMEFINISHPAGE_BITMAP welcome.bmp
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${STAGE}/../welcome.bmp"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\tagrix.exe"
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
