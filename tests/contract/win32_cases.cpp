@@ -23,6 +23,7 @@ FilesCase::FilesCase() {
   const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
   folder = Widen("Z:" + Place("TAGRIX_FOLDER") + "/" + test.name());
   std::replace(folder.begin(), folder.end(), L'/', L'\\');
+  std::filesystem::remove_all(folder);  // where the test is repeated
   files.CreateFolder(folder);
 }
 
