@@ -1,12 +1,11 @@
 // Runs the tests of a program. One that takes too long is named and ends the program, whatever its thread waits for.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
 #include <mutex>
-#include <stop_token>
 #include <thread>
 
 #ifdef _WIN32
@@ -28,20 +27,38 @@ constexpr std::chrono::seconds kLimit{60};
   std::_Exit(EXIT_FAILURE);
 }
 
+// One thread for the whole run: one a test, with its beginning and end, once stood still between two tests under Wine.
 class Watch : public testing::EmptyTestEventListener {
  public:
-  void OnTestStart(const testing::TestInfo& test) override {
-    thread_ = std::jthread([&test](const std::stop_token& ended) {
-      std::mutex mutex;
-      std::unique_lock lock(mutex);
-      std::condition_variable_any().wait_for(lock, ended, kLimit, [] { return false; });
-      if (!ended.stop_requested()) End(test);
-    });
+  void OnTestProgramStart(const testing::UnitTest&) override {
+    thread_ = std::thread([this] { Look(); });
   }
-  void OnTestEnd(const testing::TestInfo&) override { thread_ = {}; }
+  void OnTestStart(const testing::TestInfo& test) override { Set(&test); }
+  void OnTestEnd(const testing::TestInfo&) override { Set(nullptr); }
+  void OnTestProgramEnd(const testing::UnitTest&) override {
+    ended_ = true;
+    thread_.join();
+  }
 
  private:
-  std::jthread thread_;
+  void Set(const testing::TestInfo* test) {
+    const std::lock_guard lock(mutex_);
+    test_ = test;
+    begun_ = std::chrono::steady_clock::now();
+  }
+  void Look() {
+    while (!ended_) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+      const std::lock_guard lock(mutex_);
+      if (test_ != nullptr && std::chrono::steady_clock::now() - begun_ > kLimit) End(*test_);
+    }
+  }
+
+  std::atomic<bool> ended_ = false;
+  std::mutex mutex_;
+  const testing::TestInfo* test_ = nullptr;  // that runs
+  std::chrono::steady_clock::time_point begun_;
+  std::thread thread_;
 };
 
 }  // namespace
