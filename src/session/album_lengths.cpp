@@ -1,7 +1,5 @@
 #include "session/album_lengths.h"
 
-#include <algorithm>
-
 #include "session/measure_album.h"
 
 namespace tagrix {
@@ -38,12 +36,6 @@ Place KnownPlaceAt(const AlbumSession& session, int i) {
   return place;
 }
 
-std::vector<Place> KnownPlacesOf(const AlbumSession& session) {
-  const int count = std::max(FileCount(session), TrackCount(session));
-  std::vector<Place> places;
-  places.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) places.push_back(KnownPlaceAt(session, i));
-  return places;
-}
+std::vector<Place> KnownPlacesOf(const AlbumSession& session) { return PlacesOf(session, KnownPlaceAt); }
 
 }  // namespace tagrix

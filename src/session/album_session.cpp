@@ -74,11 +74,11 @@ Place PlaceAt(const AlbumSession& session, int i) {
   return place;
 }
 
-std::vector<Place> PlacesOf(const AlbumSession& session) {
+std::vector<Place> PlacesOf(const AlbumSession& session, Place (*at)(const AlbumSession&, int)) {
   const int count = std::max(FileCount(session), TrackCount(session));
   std::vector<Place> places;
   places.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) places.push_back(PlaceAt(session, i));
+  for (int i = 0; i < count; ++i) places.push_back(at(session, i));
   return places;
 }
 

@@ -58,9 +58,9 @@ bool CanBeSorted(const AlbumSession& session);
 // times are unknown afterwards.
 void ReorderFiles(AlbumSession& session, const std::vector<int>& order);
 
-// How the file and the track at a position compare; as many positions as the longer list has.
+// How the file and the track at a position compare; as many positions as the longer list has, each as `at` sees it.
 Place PlaceAt(const AlbumSession& session, int i);
-std::vector<Place> PlacesOf(const AlbumSession& session);
+std::vector<Place> PlacesOf(const AlbumSession& session, Place (*at)(const AlbumSession&, int) = PlaceAt);
 
 // The track's line as lists show it: "[01] Title", and "[01]Title" when it was edited.
 std::wstring TrackLine(const AlbumSession& session, int i);

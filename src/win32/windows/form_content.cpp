@@ -5,6 +5,7 @@
 
 #include "forms/captions.h"
 #include "forms/lists.h"
+#include "forms/next_steps.h"
 #include "forms/spoken_names.h"
 #include "forms/text_controls.h"
 #include "win32/windows/control_maker.h"
@@ -219,7 +220,7 @@ void FormContent::Place() {
   std::stable_partition(places.begin(), places.end(), [](const Placement& p) { return !IsFrame(*p.control); });
   std::reverse(std::find_if(places.begin(), places.end(), [](const Placement& p) { return IsFrame(*p.control); }),
                places.end());
-  MarkNextSteps(places);
+  MarkNextSteps(form_, places);
   bool made = false;
   for (const Placement& place : places) {
     Slot& slot = SlotOf(*place.control);
@@ -288,18 +289,6 @@ HWND FormContent::Enable(const std::vector<Placement>& places) {
     slot.enabled = place.enabled;
   }
   return focusLost ? focus : nullptr;
-}
-
-void FormContent::MarkNextSteps(const std::vector<Placement>& places) const {
-  const auto usable = [&](const Button* step) {
-    return std::any_of(places.begin(), places.end(), [step](const Placement& place) {
-      return place.control == step && place.visible && place.enabled;
-    });
-  };
-  for (const std::vector<Button*>& steps : form_.steps) {
-    const auto next = std::find_if(steps.rbegin(), steps.rend(), usable);
-    for (Button* step : steps) step->SetMarked(next != steps.rend() && step == *next);
-  }
 }
 
 void FormContent::ReplaceFocus(HWND lost) {

@@ -98,7 +98,6 @@ class FormContent : public ControlObserver {
   void RedrawWhereDrawn(const Slot& slot, const Placement& place) const;
   HDWP Move(HDWP moves, Slot& slot, const Placement& place, const HWND* after);
   HWND Enable(const std::vector<Placement>& places);
-  void MarkNextSteps(const std::vector<Placement>& places) const;
 
   HWND window_;
   Form& form_;

@@ -8,6 +8,7 @@
 #include "base/letter_case.h"
 #include "base/text.h"
 #include "win32/windows/list_drawing.h"
+#include "win32/windows/popup_menu.h"
 
 namespace tagrix {
 namespace {
@@ -234,14 +235,7 @@ void ListWindow::ShowMenu(POINT at) {
     at = {MulDiv(16, dpi_, 96), list_.Count() > 0 ? row.bottom : 0};
     ClientToScreen(Window(), &at);
   }
-  const HMENU menu = CreatePopupMenu();
-  for (UINT_PTR id = 1; const MenuEntry& entry : entries) {
-    AppendMenuW(menu, MF_STRING | (entry.enabled ? MF_ENABLED : MF_GRAYED), id++, entry.text.c_str());
-  }
-  const int chosen =
-      TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, at.x, at.y, 0, Window(), nullptr);
-  DestroyMenu(menu);
-  if (chosen > 0) entries[static_cast<std::size_t>(chosen) - 1].chosen();
+  OpenPopupMenu(Window(), at, entries);
 }
 
 int ListWindow::FindText(const NMLVFINDITEMW& wanted) const {
