@@ -75,8 +75,7 @@ bool HttpClient::Fetch(std::wstring& url, Progress& progress) {
     return false;
   }
   ports_.socket.SendData(ports_.codePage.ToBytes(HttpRequest(url, *host)));
-  ports_.events.DoEvents();
-  RunUntil([&] { return !Connected() || progress.Cancelled(); });
+  ports_.events.RunUntil([&] { return !Connected() || progress.Cancelled(); });
   return !progress.Cancelled() && received_.size() <= kLongestAnswer;
 }
 
@@ -89,8 +88,7 @@ void HttpClient::Connect(const std::wstring& host, const Progress& progress) {
   } else {
     ports_.socket.Connect(host, settings.Get(setting::kHttpPort));
   }
-  ports_.events.DoEvents();
-  RunUntil([&] {
+  ports_.events.RunUntil([&] {
     const SocketState state = ports_.socket.State();
     return state < SocketState::ConnectionPending || state > SocketState::Connecting || progress.Cancelled();
   });
@@ -119,15 +117,8 @@ bool HttpClient::Send(std::string_view text, Progress& progress) {
   sendComplete_ = false;
   ports_.socket.SendData(std::string(text).append(kCrLf));
   const std::uint64_t start = ports_.events.TickCount();
-  RunUntil([&] { return sendComplete_ || GaveUp(start, progress); });
+  ports_.events.RunUntil([&] { return sendComplete_ || GaveUp(start, progress); });
   return sendComplete_;
-}
-
-void HttpClient::RunUntil(const std::function<bool()>& done) {
-  while (!done()) {
-    ports_.events.Wait(kLongestStep);
-    ports_.events.DoEvents();
-  }
 }
 
 bool HttpClient::GaveUp(std::uint64_t start, const Progress& progress) const {

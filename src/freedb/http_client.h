@@ -55,8 +55,6 @@ class HttpClient {
   // Asks for one address and collects the answer; false when there is none.
   bool Fetch(std::wstring& url, Progress& progress);
   void Connect(const std::wstring& host, const Progress& progress);
-  // Runs events and waits for more until `done` says so.
-  void RunUntil(const std::function<bool()>& done);
   // Whether a wait for a line that began then has timed out or was cancelled.
   bool GaveUp(std::uint64_t start, const Progress& progress) const;
   bool Connected() const { return ports_.socket.State() == SocketState::Connected; }

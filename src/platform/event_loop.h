@@ -3,6 +3,7 @@
 #define TAGRIX_PLATFORM_EVENT_LOOP_H
 
 #include <cstdint>
+#include <functional>
 
 namespace tagrix {
 
@@ -13,8 +14,15 @@ class EventLoop {
   virtual void DoEvents() = 0;
   // Waits, at most so long, for an event to arrive; doesn't run it.
   virtual void Wait(int milliseconds) = 0;
+  // Runs events as they come, until `done`, which is asked at least every 20 ms when there are none.
+  virtual void RunUntil(const std::function<bool()>& done) {
+    for (; !done(); DoEvents()) Wait(kLongestWait);
+  }
   // Milliseconds since some fixed moment.
   virtual std::uint64_t TickCount() = 0;
+
+ protected:
+  static constexpr int kLongestWait = 20;  // milliseconds
 };
 
 }  // namespace tagrix

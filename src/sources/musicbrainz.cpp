@@ -93,7 +93,6 @@ std::optional<Disc> DiscOf(const Release& release, std::int64_t number) {
 
 namespace {
 
-constexpr int kLookEvery = 20;                   // milliseconds between two looks at what the user does
 constexpr std::uint64_t kPeace = 1000;           // milliseconds between two requests
 constexpr int kUsualWait = 2, kLongestWait = 5;  // seconds for a server that asks for patience
 
@@ -201,11 +200,7 @@ std::optional<HttpsAnswer> MusicBrainzSource::Get(const std::wstring& path, Prog
 }
 
 bool MusicBrainzSource::RunUntil(const std::function<bool()>& done, Progress& progress) {
-  while (!done()) {
-    ports_.events.Wait(kLookEvery);
-    progress.LetEventsRun();
-    if (progress.Cancelled()) return false;
-  }
+  ports_.events.RunUntil([&] { return done() || progress.Cancelled(); });
   return !progress.Cancelled();
 }
 

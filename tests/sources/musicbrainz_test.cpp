@@ -51,10 +51,8 @@ const std::string kRelease =
 class MusicBrainz : public testing::Test {
  protected:
   MusicBrainz() {
-    progress_.eachTime = [this] {
-      test_.events.DoEvents();
-      progress_.cancelled = ++rounds_ >= cancelAt_;
-    };
+    progress_.eachTime = [this] { test_.events.DoEvents(); };
+    test_.events.eachTime = [this] { progress_.cancelled = ++rounds_ >= cancelAt_; };
   }
   SourceReply Search(const std::wstring& words = L"words", bool any = false) {
     hits_.clear();

@@ -6,14 +6,22 @@
 namespace tagrix {
 
 void WinEventLoop::DoEvents() {
+  RunPending([] { return false; });
+}
+
+void WinEventLoop::RunUntil(const std::function<bool()>& done) {
+  for (; !done(); RunPending(done)) Wait(kLongestWait);
+}
+
+void WinEventLoop::RunPending(const std::function<bool()>& done) {
   // A fast download posts without end, and what is posted goes before the user's input: so that is let in between, and
   // the caller gets to look at what has come.
   constexpr ULONGLONG kLongest = 50;  // milliseconds
   const ULONGLONG start = GetTickCount64();
   MSG message;
-  while (GetTickCount64() - start < kLongest && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+  while (!done() && GetTickCount64() - start < kLongest && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
     Dispatch(message);
-    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_INPUT | PM_QS_PAINT)) Dispatch(message);
+    if (!done() && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_INPUT | PM_QS_PAINT)) Dispatch(message);
   }
 }
 
