@@ -75,11 +75,13 @@ void FormContent::SetPalette() {
 }
 
 void FormContent::Changed(Control& control, Change change) {
-  if (change == Change::Focus) wanted_ = &control;
+  // Who is given the keyboard is waited for by the user, so it doesn't wait for its turn.
+  const bool awaited = change == Change::Focus;
+  if (awaited) wanted_ = &control;
   SlotOf(control).changes.Add(change);
-  if (std::exchange(flushPending_, true)) return;
+  if (std::exchange(flushPending_, true) && !awaited) return;
   const ULONGLONG since = GetTickCount64() - flushed_;
-  if (since >= kFlushEvery) {
+  if (awaited || since >= kFlushEvery) {
     PostMessageW(window_, kFlush, 0, 0);
   } else {
     SetTimer(window_, kFlush, static_cast<UINT>(kFlushEvery - since), nullptr);
