@@ -34,6 +34,13 @@ void SetSettings(const std::wstring& port) {
   SetSetting(L"MusicBrainzServer", L"http://127.0.0.1:" + port);
 }
 
+// Whether the list has the keyboard, which comes to it with its hits. Unlike a message this doesn't hold up the program.
+bool HasKeyboard(HWND list) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  return GetGUIThreadInfo(GetWindowThreadProcessId(list, nullptr), &info) && info.hwndFocus == list;
+}
+
 double SearchOnce(const Program& program, HWND list, const std::wstring& words, Milliseconds& longest) {
   program.Click("go_btn");
   program.Window("AskQuery");
@@ -45,7 +52,7 @@ double SearchOnce(const Program& program, HWND list, const std::wstring& words, 
   auto last = start;
   for (LRESULT count = 0; count == 0 || count == before; last = Clock::now()) {
     Sleep(1);
-    count = SendMessageW(list, LVM_GETITEMCOUNT, 0, 0);
+    if (HasKeyboard(list)) count = SendMessageW(list, LVM_GETITEMCOUNT, 0, 0);
     longest = std::max<Milliseconds>(longest, Clock::now() - last);
     if (Clock::now() - start > std::chrono::seconds(30)) throw std::runtime_error("no hits");
   }
