@@ -30,7 +30,7 @@ SourceReply FreeDbSource::Search(const SearchQuery& query, const std::function<v
       if (const auto hit = DecodeHit(*link)) hits.push_back({text(hit->title), text(hit->category), text(hit->discId)});
     }
     found(std::move(hits));
-    progress.LetEventsRun();
+    if (link) progress.LetEventsRun();
   }
   http_.ErrorOccured();
   return Given(progress);

@@ -111,7 +111,7 @@ SourceReply GnudbSource::SearchFor(std::wstring_view artist, std::wstring_view a
     }
     any = any || !hits.empty();
     found(std::move(hits));
-    progress.LetEventsRun();
+    if (i < lines->size()) progress.LetEventsRun();
   }
   if (progress.Cancelled()) return {Answer::Cancelled};
   // Lines that are no discs are what the server has to say.

@@ -32,7 +32,9 @@ class Bytes {
 
   reference operator*() const { return *at_; }
   Bytes& operator++() {
-    if (++at_ == pieceEnd_) NextPiece();
+    if (++at_ != pieceEnd_) return *this;
+    if (at_ != end_ && !(*goOn_)()) at_ = end_;
+    NextPiece();
     return *this;
   }
   bool operator==(const Bytes& other) const { return at_ == other.at_; }
@@ -46,7 +48,7 @@ class Bytes {
     std::size_t mark = piece.find('"', 1);
     while (mark != piece.npos && piece[mark - 1] == '\\') mark = piece.find('"', mark + 1);
     const bool endless = piece.size() == kTextPiece && mark == piece.npos;
-    at_ = endless || piece.empty() || !(*goOn_)() ? end_ : at_;
+    if (endless) at_ = end_;
     pieceEnd_ = at_ == end_ ? end_ : at_ + piece.size();
   }
 
