@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -137,10 +138,10 @@ class LinuxFiles : public Files {
   // The Linux path of a path on the drive; empty for another drive.
   std::string LinuxPath(const std::wstring& path) const {
     if (!path.starts_with(L"C:")) return {};
-    std::string result;
-    result.reserve(root_.size() + path.size());
-    result = root_;
-    for (const wchar_t c : std::wstring_view(path).substr(2)) result += c == L'\\' ? '/' : static_cast<char>(c);
+    std::string result(root_.size() + path.size() - 2, '\0');
+    std::copy(root_.begin(), root_.end(), result.begin());
+    std::transform(path.begin() + 2, path.end(), result.begin() + static_cast<std::ptrdiff_t>(root_.size()),
+                   [](wchar_t c) { return c == L'\\' ? '/' : static_cast<char>(c); });
     if (result.ends_with('/')) result.pop_back();
     return result;
   }

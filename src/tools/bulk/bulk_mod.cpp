@@ -29,15 +29,15 @@ std::wstring NewName(std::wstring_view name, const CleaningRules& rules) {
 // Renames the file of entry `i` if the rules change its name. True when they do, whatever the file system says: the
 // list shows the name that was meant.
 bool CleanEntry(BulkPage& page, Context& context, const CleaningRules& rules, int i) {
-  const std::wstring path = page.bulk_lst.ItemText(i);
+  const std::wstring& path = page.bulk_lst.ItemText(i);
   page.journal.Record(path);
   const auto found = context.files.Find(path);
   if (!found || found->folder) return false;
   const std::wstring name = NewName(found->name, rules);
   if (name == found->name) return false;
-  const std::wstring folder = path.substr(0, path.size() - std::min(path.size(), found->name.size()));
-  std::wstring renamed = folder + name;
-  RenameFile(context, folder + found->name, renamed);
+  std::wstring former = path.substr(0, path.size() - std::min(path.size(), found->name.size()));
+  std::wstring renamed = former + name;
+  RenameFile(context, former += found->name, renamed);
   page.bulk_lst.SetItemText(i, std::move(renamed));
   return true;
 }
@@ -49,10 +49,9 @@ int CleanEntries(BulkPage& page, Context& context, const CleaningRules& rules) {
   int changed = 0;
   for (int i = 0; i < count; ++i) {
     if (work.Cancelled()) return -1;
-    work.Status(page.bulk_lst.ItemText(i));
+    work.Pass(page.bulk_lst.ItemText(i));
     if (CleanEntry(page, context, rules, i)) ++changed;
     work.Percent(Percentage(i + 1, count));
-    work.LetEventsRun();
   }
   return changed;
 }
