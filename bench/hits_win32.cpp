@@ -34,7 +34,8 @@ void SetSettings(const std::wstring& port) {
   SetSetting(L"MusicBrainzServer", L"http://127.0.0.1:" + port);
 }
 
-// Whether the list has the keyboard, which comes to it with its hits. Unlike a message this doesn't hold up the program.
+// Whether the list has the keyboard, which comes to it with its hits. Unlike a message this doesn't hold up the
+// program.
 bool HasKeyboard(HWND list) {
   GUITHREADINFO info{};
   info.cbSize = sizeof info;
