@@ -2,8 +2,6 @@
 
 #include <exception>
 
-#include "win32/windows/gdi.h"
-
 namespace tagrix {
 
 Binding::Binding(const Site& site, const Control& control, const WindowKind& kind)
@@ -23,18 +21,6 @@ void Binding::SetPalette(const Palette& palette) {
   Subclass();
 }
 
-void Binding::PaintDarkBorder() const {
-  RECT area;
-  GetWindowRect(window_, &area);
-  OffsetRect(&area, -area.left, -area.top);
-  const HDC dc = GetWindowDC(window_);
-  const UniqueBrush line(CreateSolidBrush(palette_->line)), field(CreateSolidBrush(palette_->field));
-  FrameRect(dc, &area, line.Get());
-  InflateRect(&area, -1, -1);
-  FrameRect(dc, &area, field.Get());
-  ReleaseDC(window_, dc);
-}
-
 void Binding::SetFonts(const Fonts& fonts) {
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Normal()), FALSE);
 }
@@ -47,11 +33,7 @@ void Binding::Subclass() {
 }
 
 LRESULT Binding::Message(UINT message, WPARAM wParam, LPARAM lParam) {
-  const LRESULT result = CallWindowProcW(original_, window_, message, wParam, lParam);
-  const bool bordered = message == WM_NCPAINT && palette_ != nullptr && palette_->dark &&
-                        (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
-  if (bordered) PaintDarkBorder();
-  return result;
+  return CallWindowProcW(original_, window_, message, wParam, lParam);
 }
 
 LRESULT CALLBACK Binding::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

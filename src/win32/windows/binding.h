@@ -82,7 +82,6 @@ class Binding {
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  void PaintDarkBorder() const;
 
   HWND window_;
   const Palette* palette_ = nullptr;

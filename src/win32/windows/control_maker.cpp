@@ -13,13 +13,7 @@ class Maker : public ControlVisitor {
  public:
   Maker(const Site& site, const Form& form) : site_(site), form_(form) {}
 
-  void Visit(Button& button) override {
-    if (button.Image().empty()) {
-      Make<PushButton>(button, &button == form_.defaultButton);
-    } else {
-      Make<ImageButton>(button);
-    }
-  }
+  void Visit(Button& button) override { Make<PushButton>(button, &button == form_.defaultButton); }
   void Visit(CheckBox& box) override { Make<TickBox>(box); }
   void Visit(OptionButton& option) override { Make<RadioButton>(option); }
   void Visit(Label&) override {}

@@ -9,7 +9,7 @@
 #include "forms/spoken_names.h"
 #include "forms/text_controls.h"
 #include "win32/windows/control_maker.h"
-#include "win32/windows/drawn_controls.h"
+#include "win32/windows/stand_ins.h"
 
 namespace tagrix {
 namespace {
@@ -33,29 +33,20 @@ bool ChangesLayout(const Control& control, Changes changes) {
 bool IsDropDown(const Control& control) { return dynamic_cast<const ComboBox*>(&control) != nullptr; }
 bool IsFrame(const Control& control) { return dynamic_cast<const Frame*>(&control) != nullptr; }
 
+// Whether the form can draw the control as it is until the user comes to it.
+bool CanWait(const Control& control) {
+  if (const auto* list = dynamic_cast<const ListBox*>(&control)) return list->Count() == 0 && list->Columns().empty();
+  return HasDrawnFace(control) || (dynamic_cast<const TextBox*>(&control) != nullptr && control.Text().empty());
+}
+
 }  // namespace
 
 FormContent::FormContent(HWND window, Form& form, int dpi)
-    : window_(window), form_(form), fonts_(std::make_unique<Fonts>(dpi)) {
-  Collect(form.layout);
-}
-
-FormContent::~FormContent() {
-  for (const Slot& slot : slots_) slot.control->Observe(nullptr);
-  if (tooltips_ != nullptr) DestroyWindow(tooltips_);
-}
-
-void FormContent::Collect(const Node& node) {
-  if (node.control != nullptr) {
-    index_.emplace(node.control, slots_.size());
-    slots_.emplace_back();
-    slots_.back().control = node.control;
-    slots_.back().wraps = node.wrapAt > 0;
-    slots_.back().drawn = IsDrawn(*node.control);
-    node.control->Observe(this);
-  }
-  for (const Node& child : node.children) Collect(child);
-}
+    : window_(window),
+      form_(form),
+      fonts_(std::make_unique<Fonts>(dpi)),
+      slots_(form.layout, *this),
+      tooltips_(window) {}
 
 void FormContent::SetFonts(int dpi) {
   auto fonts = std::make_unique<Fonts>(dpi);
@@ -78,7 +69,7 @@ void FormContent::Changed(Control& control, Change change) {
   // Who is given the keyboard is waited for by the user, so it doesn't wait for its turn.
   const bool awaited = change == Change::Focus;
   if (awaited) wanted_ = &control;
-  SlotOf(control).changes.Add(change);
+  slots_.Of(control).changes.Add(change);
   if (std::exchange(flushPending_, true) && !awaited) return;
   const ULONGLONG since = GetTickCount64() - flushed_;
   if (awaited || since >= kFlushEvery) {
@@ -97,18 +88,22 @@ bool FormContent::Flush() {
     const Changes changes = std::exchange(slot.changes, {});
     if (!changes.Any()) continue;
     if (slot.binding) slot.binding->Update(changes);
-    if (slot.drawn && slot.visible) Invalidate(slot.rect);
-    layout |= ChangesLayout(*slot.control, changes);
+    if (slot.visible && (slot.drawn || !slot.binding)) Invalidate(slot.rect);
+    layout |= ChangesLayout(*slot.control, changes) || (slot.visible && !slot.binding && NeedsWindow(slot));
   }
   return layout;
+}
+
+bool FormContent::NeedsWindow(const Slot& slot) const {
+  if (described_) return true;
+  return !slot.drawn && (slot.wanted || !CanWait(*slot.control));
 }
 
 // Made where it belongs and as it is, which is cheaper than to move and disable it afterwards. Later ones are shown
 // when what stood in their place has gone.
 bool FormContent::MakeWindow(Slot& slot, const Placement& place) {
-  if (slot.binding || !place.visible || (slot.drawn && !described_)) return false;
-  Site site{window_, place.rect, (placed_ ? 0UL : WS_VISIBLE) | (place.enabled ? 0UL : WS_DISABLED)};
-  if (IsDropDown(*slot.control)) site.rect.height += Pixels(kDropDownHeight);
+  if (slot.binding || !place.visible || !NeedsWindow(slot)) return false;
+  Site site{window_, WindowPlace(slot, place.rect), (placed_ ? 0UL : WS_VISIBLE) | (place.enabled ? 0UL : WS_DISABLED)};
   slot.binding = slot.drawn ? MakeStandIn(site, *slot.control) : MakeBinding(site, form_, *slot.control);
   if (!slot.binding) return false;
   slot.rect = place.rect;
@@ -120,69 +115,106 @@ bool FormContent::MakeWindow(Slot& slot, const Placement& place) {
   return true;
 }
 
-bool FormContent::PointerMoved() {
-  const DWORD now = GetMessagePos();
-  if (!firstPointer_) firstPointer_ = now;
-  return *firstPointer_ != now;
+Rect FormContent::WindowPlace(const Slot& slot, const Rect& rect) const {
+  Rect place = InsideBox(*slot.control, rect, *fonts_);
+  if (IsDropDown(*slot.control)) place.height += Pixels(kDropDownHeight);
+  return place;
 }
 
-// A window gets its tool when the pointer first comes to it; what is drawn gets one for each label that may be cut off,
-// whose id is the number of its slot.
+HWND FormContent::Touch(Slot& slot) {
+  slot.wanted = true;
+  if (!slot.binding && slot.visible) Place();
+  return slot.Window();
+}
+
+void FormContent::TouchAll() {
+  bool missing = false;
+  for (Slot& slot : slots_) {
+    if (slot.binding || slot.drawn || !slot.visible) continue;
+    slot.wanted = missing = true;
+  }
+  if (missing) Place();
+}
+
+bool FormContent::PointerCame(UINT message, WPARAM keys, POINT point) {
+  tooltips_.Tell({window_, message, keys, MAKELPARAM(point.x, point.y), 0, {}});
+  if (message == WM_MOUSEMOVE && !tooltips_.PointerMoved()) return false;
+  Slot* slot = slots_.UsableAt(point);
+  const HWND window = slot == nullptr ? nullptr : Touch(*slot);
+  if (window == nullptr || message == WM_MOUSEMOVE) return false;
+  MapWindowPoints(window_, window, &point, 1);
+  SendMessageW(window, message, keys, MAKELPARAM(point.x, point.y));
+  return true;
+}
+
 void FormContent::OfferTooltip(HWND under) {
-  if (!placed_ || (tooltips_ == nullptr && !PointerMoved())) return;
-  if (tooltips_ == nullptr) {
-    tooltips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0,
-                                0, 0, window_, nullptr, GetModuleHandleW(nullptr), nullptr);
-    SendMessageW(tooltips_, TTM_SETMAXTIPWIDTH, 0, Pixels(400));
-    for (Slot& slot : slots_) {
-      if (dynamic_cast<const Label*>(slot.control) != nullptr) ShowTool(slot);
-    }
+  if (!placed_ || (!tooltips_.Made() && !tooltips_.PointerMoved())) return;
+  if (!tooltips_.Made()) {
+    tooltips_.Make(Pixels(400));
+    for (const Slot& slot : slots_) PlaceTooltip(slot);
   }
-  if (const Slot* slot = SlotOf(under); slot != nullptr && !slot->hasTooltip) ShowTool(slots_[SlotNumber(*slot)]);
+  const Slot* slot = slots_.Of(under);
+  if (slot != nullptr && !slot->drawn) tooltips_.AddWindow(under);
 }
 
-void FormContent::ShowTool(Slot& slot) {
-  TOOLINFOW tool{};
-  tool.cbSize = sizeof tool;
-  tool.hwnd = window_;
-  tool.lpszText = LPSTR_TEXTCALLBACKW;
-  if (slot.drawn) {
-    tool.uId = SlotNumber(slot);
-    if (slot.visible) {
-      tool.rect = {slot.rect.x, slot.rect.y, slot.rect.x + slot.rect.width, slot.rect.y + slot.rect.height};
-    }
-  } else {
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.uId = reinterpret_cast<UINT_PTR>(slot.binding->Window());
-  }
-  const bool known = std::exchange(slot.hasTooltip, true);
-  SendMessageW(tooltips_, known ? TTM_NEWTOOLRECTW : TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-}
-
-void FormContent::TellTooltips(const MSG& message) const {
-  if (tooltips_ != nullptr) SendMessageW(tooltips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+// What is drawn has one where it may be cut off.
+void FormContent::PlaceTooltip(const Slot& slot) {
+  if (!tooltips_.Made() || dynamic_cast<const Label*>(slot.control) == nullptr) return;
+  tooltips_.PlaceArea(slots_.Number(slot), slot.visible ? NativeRect(slot.rect) : RECT());
 }
 
 void FormContent::Invalidate(const Rect& rect) const {
-  const RECT area{rect.x, rect.y, rect.x + rect.width, rect.y + rect.height};
+  const RECT area = NativeRect(rect);
   InvalidateRect(window_, &area, FALSE);
 }
 
-void FormContent::RedrawWhereDrawn(const Slot& slot, const Placement& place) const {
+// What has to be drawn anew because of the control's new place.
+void FormContent::AddChange(RECT& changed, const Slot& slot, const Placement& place) {
+  if (slot.binding && !slot.drawn && !slot.boxed) return;
   if (slot.visible == place.visible && slot.enabled == place.enabled && slot.rect == place.rect) return;
-  if (slot.visible) Invalidate(slot.rect);
-  if (place.visible) Invalidate(place.rect);
+  const RECT before = NativeRect(slot.rect), after = NativeRect(place.rect);
+  if (slot.visible) UnionRect(&changed, &changed, &before);
+  if (place.visible) UnionRect(&changed, &changed, &after);
 }
 
 void FormContent::Paint(HDC dc, const RECT& area) {
   FillRect(dc, &area, ground_.Get());
-  const bool hidesKeys = (SendMessageW(window_, WM_QUERYUISTATE, 0, 0) & UISF_HIDEACCEL) != 0;
+  const HWND focus = GetFocus();
+  const bool hidesKeys = Hides(UISF_HIDEACCEL);
   for (const Slot& slot : slots_) {
-    const RECT rect{slot.rect.x, slot.rect.y, slot.rect.x + slot.rect.width, slot.rect.y + slot.rect.height};
+    const RECT rect = NativeRect(slot.rect);
     RECT common;
-    if (!slot.drawn || !slot.visible || !IntersectRect(&common, &rect, &area)) continue;
-    DrawControl(dc, *slot.control, {slot.rect, slot.enabled, slot.wraps, hidesKeys}, *fonts_, palette_);
+    if (!slot.visible || !IntersectRect(&common, &rect, &area)) continue;
+    if (slot.binding && !slot.drawn && !slot.boxed) continue;
+    DrawnState state{slot.rect, slot.enabled, slot.wraps, hidesKeys};
+    state.focused = slot.binding && slot.Window() == focus;
+    state.isDefault = slot.control == form_.defaultButton;
+    DrawControl(dc, *slot.control, state, {*fonts_, palette_, images_});
   }
+}
+
+bool FormContent::Hides(UINT what) const { return (SendMessageW(window_, WM_QUERYUISTATE, 0, 0) & what) != 0; }
+
+std::optional<LRESULT> FormContent::DrawFace(const NMCUSTOMDRAW& draw) {
+  const Slot* slot = slots_.Of(draw.hdr.hwndFrom);
+  if (slot == nullptr || !HasDrawnFace(*slot->control)) return std::nullopt;
+  if (draw.dwDrawStage != CDDS_PREERASE && draw.dwDrawStage != CDDS_PREPAINT) return CDRF_DODEFAULT;
+  DrawnState state{{0, 0, slot->rect.width, slot->rect.height}};
+  state.enabled = (draw.uItemState & CDIS_DISABLED) == 0;
+  state.hidesKeys = Hides(UISF_HIDEACCEL);
+  state.hot = (draw.uItemState & CDIS_HOT) != 0;
+  state.pressed = (draw.uItemState & CDIS_SELECTED) != 0;
+  state.focused = (draw.uItemState & CDIS_FOCUS) != 0 && !Hides(UISF_HIDEFOCUS);
+  state.isDefault = slot->control == form_.defaultButton;
+  const Buffered buffer(draw.hdc, draw.rc);
+  FillRect(buffer.Dc(), &draw.rc, ground_.Get());
+  DrawControl(buffer.Dc(), *slot->control, state, {*fonts_, palette_, images_});
+  return CDRF_SKIPDEFAULT;
+}
+
+void FormContent::FocusChanged(HWND window) const {
+  const Slot* slot = slots_.Of(window);
+  if (slot != nullptr && slot->boxed) Invalidate(slot->rect);
 }
 
 HBRUSH FormContent::ColourField(HDC dc) const {
@@ -206,7 +238,7 @@ void FormContent::Describe() {
 
 void FormContent::MakeHiddenLabels() {
   for (const SpokenName& name : SpokenNames(form_.layout)) {
-    Slot& slot = SlotOf(*name.control);
+    Slot& slot = slots_.Of(*name.control);
     const bool captioned = !slot.control->Text().empty() && dynamic_cast<const TextBox*>(slot.control) == nullptr &&
                            dynamic_cast<const ComboBox*>(slot.control) == nullptr;
     if (!slot.binding || slot.hiddenLabel || name.fromLabel || captioned || name.name.empty()) continue;
@@ -224,18 +256,20 @@ void FormContent::Place() {
                places.end());
   MarkNextSteps(form_, places);
   bool made = false;
+  RECT changed{};
   for (const Placement& place : places) {
-    Slot& slot = SlotOf(*place.control);
-    if (slot.drawn) RedrawWhereDrawn(slot, place);
+    Slot& slot = slots_.Of(*place.control);
+    AddChange(changed, slot, place);
     made |= MakeWindow(slot, place);
   }
+  if (!IsRectEmpty(&changed)) InvalidateRect(window_, &changed, FALSE);
   if (made && described_) MakeHiddenLabels();
   // The windows made first stand in their order; later ones have to be put among them.
   const bool reorder = std::exchange(placed_, true) && made;
   HDWP moves = BeginDeferWindowPos(static_cast<int>(places.size()));
   HWND after = HWND_TOP;
   for (const Placement& place : places) {
-    Slot& slot = SlotOf(*place.control);
+    Slot& slot = slots_.Of(*place.control);
     if (slot.hiddenLabel && reorder) {
       moves = DeferWindowPos(moves, slot.hiddenLabel->Window(), after, 0, 0, 0, 0,
                              SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -244,12 +278,12 @@ void FormContent::Place() {
     if (slot.binding) {
       moves = Move(moves, slot, place, reorder ? &after : nullptr);
       after = slot.binding->Window();
-    } else if (slot.drawn) {
+    } else {
       slot.rect = place.rect;
       slot.visible = place.visible;
       slot.enabled = place.enabled;
     }
-    if (slot.drawn && slot.hasTooltip) ShowTool(slot);
+    PlaceTooltip(slot);
   }
   // Disabled before they appear.
   const HWND lost = Enable(places);
@@ -270,11 +304,11 @@ HDWP FormContent::Move(HDWP moves, Slot& slot, const Placement& place, const HWN
   if (!moved) flags |= SWP_NOMOVE | SWP_NOSIZE;
   if (resized) flags |= SWP_NOCOPYBITS;
   if (shown) flags |= visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW;
-  const int height = place.rect.height + (IsDropDown(*slot.control) ? Pixels(kDropDownHeight) : 0);
   slot.rect = place.rect;
   slot.visible = visible;
-  return DeferWindowPos(moves, slot.binding->Window(), after == nullptr ? nullptr : *after, place.rect.x, place.rect.y,
-                        place.rect.width, height, flags);
+  const Rect at = WindowPlace(slot, place.rect);
+  return DeferWindowPos(moves, slot.binding->Window(), after == nullptr ? nullptr : *after, at.x, at.y, at.width,
+                        at.height, flags);
 }
 
 // Enables and disables; returns the window that had the keyboard and may not keep it, or null.
@@ -282,7 +316,7 @@ HWND FormContent::Enable(const std::vector<Placement>& places) {
   bool focusLost = false;
   const HWND focus = GetFocus();
   for (const Placement& place : places) {
-    Slot& slot = SlotOf(*place.control);
+    Slot& slot = slots_.Of(*place.control);
     if (!slot.binding) continue;
     const HWND window = slot.binding->Window();
     const bool holdsFocus = focus != nullptr && (focus == window || IsChild(window, focus));
@@ -309,81 +343,57 @@ void FormContent::GiveFocusBack() {
 
 void FormContent::GiveWantedFocus() {
   if (wanted_ == nullptr) return;
-  const Slot& slot = SlotOf(*std::exchange(wanted_, nullptr));
-  if (slot.visible && slot.enabled && GetActiveWindow() == window_) SetFocusTo(slot.control);
+  const Slot& slot = slots_.Of(*std::exchange(wanted_, nullptr));
+  if (slot.Usable() && GetActiveWindow() == window_) SetFocusTo(slot.control);
 }
 
 void FormContent::SetFocusTo(const Control* control) {
-  const Binding* binding = control == nullptr ? nullptr : SlotOf(*control).binding.get();
-  const HWND target = binding != nullptr ? binding->Window() : GetNextDlgTabItem(window_, nullptr, FALSE);
-  SetFocus(target != nullptr ? target : window_);
-  const Slot* slot = SlotOf(target);
+  HWND target = control == nullptr ? nullptr : Touch(slots_.Of(*control));
+  if (target == nullptr) {
+    Slot* first = slots_.FirstStop();
+    target = first == nullptr ? window_ : Touch(*first);
+  }
+  SetFocus(target);
+  const Slot* slot = slots_.Of(target);
   if (slot != nullptr && dynamic_cast<const TextBox*>(slot->control) != nullptr) {
     SendMessageW(target, EM_SETSEL, 0, -1);
   }
 }
 
 bool FormContent::FollowAccessKey(wchar_t key) {
-  const auto takesKeyboard = [](const Slot& slot) {
-    return slot.binding && slot.visible && slot.enabled &&
-           (GetWindowLongPtrW(slot.binding->Window(), GWL_STYLE) & WS_TABSTOP) != 0;
-  };
-  for (auto slot = slots_.begin(); slot != slots_.end(); ++slot) {
-    const auto* label = dynamic_cast<const Label*>(slot->control);
-    const bool caption = label != nullptr ? label->Style() == LabelStyle::Caption : IsFrame(*slot->control);
-    if (!caption || !slot->visible || !slot->enabled || AccessKeyOf(slot->control->Text()) != key) continue;
-    const auto named = std::find_if(slot, slots_.end(), takesKeyboard);
-    if (named == slots_.end()) continue;
-    SetFocusTo(named->control);
-    return true;
-  }
-  return false;
+  const Slot* slot = slots_.WithAccessKey(key);
+  if (slot != nullptr) SetFocusTo(slot->control);
+  return slot != nullptr;
 }
 
 void FormContent::Press(Button& button) {
-  const Slot& slot = SlotOf(button);
-  if (slot.visible && slot.enabled) button.Click();
-}
-
-const FormContent::Slot* FormContent::SlotOf(HWND window) const {
-  const auto found = std::find_if(slots_.begin(), slots_.end(), [window](const Slot& slot) {
-    return slot.binding && slot.binding->Window() == window;
-  });
-  return found == slots_.end() ? nullptr : &*found;
+  const Slot& slot = slots_.Of(button);
+  if (slot.Usable()) button.Click();
 }
 
 Binding* FormContent::BindingOf(HWND window) const {
-  const Slot* slot = SlotOf(window);
+  const Slot* slot = slots_.Of(window);
   return slot == nullptr ? nullptr : slot->binding.get();
 }
 
 HWND FormContent::Find(const std::string& name) {
-  const auto found = std::find_if(slots_.begin(), slots_.end(),
-                                  [&](const Slot& slot) { return slot.control->Name() == name && slot.visible; });
-  if (found == slots_.end()) return nullptr;
-  if (found->drawn) Describe();
-  return found->binding ? found->binding->Window() : nullptr;
+  Slot* slot = slots_.Named(name);
+  if (slot == nullptr) return nullptr;
+  if (slot->drawn) Describe();
+  return Touch(*slot);
 }
 
 std::wstring FormContent::TooltipOf(UINT_PTR id) const {
-  const Slot* slot = id < slots_.size() ? &slots_[id] : SlotOf(reinterpret_cast<HWND>(id));
+  const Slot* slot = slots_.Numbered(id);
+  if (slot == nullptr) slot = slots_.Of(reinterpret_cast<HWND>(id));
   if (slot == nullptr || !slot->visible) return {};
   if (!slot->control->Tooltip().empty()) return slot->control->Tooltip();
   if (slot->drawn) return CutOffText(*slot->control, {slot->rect.width, slot->rect.height}, *fonts_);
   return slot->binding ? slot->binding->TooltipHere() : std::wstring();
 }
 
-void FormContent::HideTooltip() const {
-  if (tooltips_ != nullptr) SendMessageW(tooltips_, TTM_POP, 0, 0);
-}
-
 void FormContent::Repaint() const {
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-  // Few have a border, and to ask the others for theirs takes time.
-  for (const Slot& slot : slots_) {
-    if (!slot.binding || (GetWindowLongPtrW(slot.binding->Window(), GWL_EXSTYLE) & WS_EX_CLIENTEDGE) == 0) continue;
-    RedrawWindow(slot.binding->Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
-  }
 }
 
 void FormContent::ForwardToAll(UINT message) const {

@@ -1,16 +1,19 @@
-// The windows of a form's controls: made when they first appear, kept up to date with their models and in their places.
+// What a form shows: windows of its controls, made when they are first needed and kept up to date with their models and
+// in their places. Until then, and for what needs none, the form draws. A window costs much more than its picture.
 #ifndef TAGRIX_WIN32_WINDOWS_FORM_CONTENT_H
 #define TAGRIX_WIN32_WINDOWS_FORM_CONTENT_H
 
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "forms/form.h"
 #include "win32/windows/binding.h"
+#include "win32/windows/control_drawing.h"
+#include "win32/windows/control_slots.h"
 #include "win32/windows/fonts.h"
+#include "win32/windows/form_tooltips.h"
 #include "win32/windows/palette.h"
 
 namespace tagrix {
@@ -22,7 +25,6 @@ class FormContent : public ControlObserver {
 
   // `window` outlives it.
   FormContent(HWND window, Form& form, int dpi);
-  ~FormContent() override;
 
   void SetFonts(int dpi);
   // Takes over what the user has chosen in the system's settings.
@@ -42,11 +44,22 @@ class FormContent : public ControlObserver {
   void Repaint() const;
   // Draws the ground and what has no window.
   void Paint(HDC dc, const RECT& area);
+  // Draws the face of a button's window, at the stage that `draw` tells; returns what the system asks for then, nothing
+  // for other windows.
+  std::optional<LRESULT> DrawFace(const NMCUSTOMDRAW& draw);
   // A program asks that reads the screen aloud: what has no window gets one that stands in for it.
   void Describe();
   // The brush behind a field, or behind what stands on the ground, whose colours are set; null where the system's are.
   HBRUSH ColourField(HDC dc) const;
   HBRUSH ColourOnGround(HDC dc) const;
+
+  // The keyboard is used: all that can be seen gets its window.
+  void TouchAll();
+  // The pointer has come over the form itself, or has been pressed there (a mouse message): what stands there gets its
+  // window, and what is done to it. True when that has taken the message.
+  bool PointerCame(UINT message, WPARAM keys, POINT point);
+  // A window has got or lost the keyboard.
+  void FocusChanged(HWND window) const;
 
   // Gives the keyboard to the control, or to the first that takes it.
   void SetFocusTo(const Control* control);
@@ -68,34 +81,23 @@ class FormContent : public ControlObserver {
   // The pointer is over a window of the form, or the form itself: its tooltip is prepared, unless the pointer has only
   // lain where the form has appeared.
   void OfferTooltip(HWND under);
-  // A mouse message of the form itself.
-  void TellTooltips(const MSG& message) const;
   // The tooltip for the pointer over a control's window, or over what is drawn, by the id of its tool.
   std::wstring TooltipOf(UINT_PTR id) const;
-  void HideTooltip() const;
+  void HideTooltip() const { tooltips_.Hide(); }
   void ForwardToAll(UINT message) const;
 
  private:
-  struct Slot {
-    Control* control;
-    bool wraps, drawn;
-    Changes changes;
-    std::unique_ptr<Binding> binding, hiddenLabel;
-    Rect rect;
-    bool visible = false, enabled = true;
-    bool hasTooltip = false;
-  };
-
-  void Collect(const Node& node);
-  const Slot* SlotOf(HWND window) const;
-  Slot& SlotOf(const Control& control) { return slots_[index_.at(&control)]; }
+  bool NeedsWindow(const Slot& slot) const;
   bool MakeWindow(Slot& slot, const Placement& place);
+  // Where the window belongs of a control in this place.
+  Rect WindowPlace(const Slot& slot, const Rect& rect) const;
+  // Makes its window, unless it has one already or can't be seen; returns it.
+  HWND Touch(Slot& slot);
   void MakeHiddenLabels();
-  bool PointerMoved();
-  void ShowTool(Slot& slot);
-  std::size_t SlotNumber(const Slot& slot) const { return static_cast<std::size_t>(&slot - slots_.data()); }
+  void PlaceTooltip(const Slot& slot);
   void Invalidate(const Rect& rect) const;
-  void RedrawWhereDrawn(const Slot& slot, const Placement& place) const;
+  static void AddChange(RECT& changed, const Slot& slot, const Placement& place);
+  bool Hides(UINT what) const;
   HDWP Move(HDWP moves, Slot& slot, const Placement& place, const HWND* after);
   HWND Enable(const std::vector<Placement>& places);
 
@@ -104,10 +106,9 @@ class FormContent : public ControlObserver {
   std::unique_ptr<Fonts> fonts_;
   Palette palette_ = Palette::Current();
   UniqueBrush ground_{CreateSolidBrush(palette_.ground)}, field_{CreateSolidBrush(palette_.field)};
-  std::vector<Slot> slots_;  // in the layout's order
-  std::unordered_map<const Control*, std::size_t> index_;
-  HWND tooltips_ = nullptr;
-  std::optional<DWORD> firstPointer_;
+  Images images_;
+  ControlSlots slots_;
+  FormTooltips tooltips_;
   bool placed_ = false;     // once
   bool described_ = false;  // stand-ins are made
   bool flushPending_ = false;

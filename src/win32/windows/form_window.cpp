@@ -1,6 +1,7 @@
 #include "win32/windows/form_window.h"
 
 #include <shellapi.h>
+#include <windowsx.h>
 
 #include <algorithm>
 #include <iterator>
@@ -211,6 +212,7 @@ HWND FormWindow::Find(ATOM name) {
 
 bool FormWindow::TakeKey(MSG& message) {
   if (IsHeld(message)) return true;
+  if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) content_->TouchAll();
   // Without Alt a letter is no access key here: a stray one must not start anything.
   if (message.message == WM_CHAR && owner_ == nullptr) return false;
   if (message.message == WM_SYSCHAR && content_->FollowAccessKey(ToLower(static_cast<wchar_t>(message.wParam)))) {
@@ -270,6 +272,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_COMMAND:
       if (Binding* binding = content_->BindingOf(reinterpret_cast<HWND>(lParam))) binding->Command(HIWORD(wParam));
+      content_->FocusChanged(reinterpret_cast<HWND>(lParam));
       return 0;
     case WM_NOTIFY:
       return Notify(*reinterpret_cast<NMHDR*>(lParam));
@@ -313,7 +316,7 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MOUSEMOVE:
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
-      content_->TellTooltips({window_, message, wParam, lParam, 0, {}});
+      if (content_->PointerCame(message, wParam, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)})) return 0;
       break;
     case kHideTooltip:
       content_->HideTooltip();
@@ -372,6 +375,10 @@ LRESULT FormWindow::Notify(NMHDR& note) {
     reinterpret_cast<NMTTDISPINFOW&>(note).lpszText = tooltip_.data();
     return 0;
   }
+  if (note.code == NM_CUSTOMDRAW) {
+    if (const auto drawn = content_->DrawFace(reinterpret_cast<const NMCUSTOMDRAW&>(note))) return *drawn;
+  }
+  if (note.code == NM_SETFOCUS || note.code == NM_KILLFOCUS) content_->FocusChanged(note.hwndFrom);
   Binding* binding = content_->BindingOf(note.hwndFrom);
   return binding == nullptr ? 0 : binding->Notify(note).value_or(0);
 }

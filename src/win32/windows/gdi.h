@@ -2,6 +2,7 @@
 #ifndef TAGRIX_WIN32_WINDOWS_GDI_H
 #define TAGRIX_WIN32_WINDOWS_GDI_H
 
+#include "forms/geometry.h"
 #include "win32/ports/unique.h"
 
 namespace tagrix {
@@ -30,6 +31,8 @@ struct MemoryDcTraits {
   static void Close(Handle handle) { DeleteDC(handle); }
 };
 using UniqueMemoryDc = Unique<MemoryDcTraits>;
+
+inline RECT NativeRect(const Rect& rect) { return {rect.x, rect.y, rect.x + rect.width, rect.y + rect.height}; }
 
 // Selects an object into a device context for as long as it lives.
 class Selected {

@@ -1,8 +1,10 @@
-// A picture from a file, ready to be drawn at one size.
+// Pictures from files, ready to be drawn at one size.
 #ifndef TAGRIX_WIN32_WINDOWS_IMAGE_H
 #define TAGRIX_WIN32_WINDOWS_IMAGE_H
 
+#include <map>
 #include <string>
+#include <utility>
 
 #include "forms/geometry.h"
 #include "win32/windows/gdi.h"
@@ -22,6 +24,19 @@ class Image {
   UniqueBitmap bitmap_;  // premultiplied alpha
   Size pixels_;          // of the bitmap
   int height_ = 0;
+};
+
+// Pictures that are loaded when they are first drawn.
+class Images {
+ public:
+  const Image& Get(const std::wstring& path, int height) {
+    const auto [place, isNew] = loaded_.try_emplace({path, height});
+    if (isNew) place->second.Load(path, height);
+    return place->second;
+  }
+
+ private:
+  std::map<std::pair<std::wstring, int>, Image> loaded_;
 };
 
 }  // namespace tagrix

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
-#include "win32/windows/gdi.h"
+#include "win32/windows/control_drawing.h"
 
 namespace tagrix {
 
-// The titles have no colours that can be set.
+// The system's have no colours that can be set.
 LRESULT DrawListTitle(const NMCUSTOMDRAW& draw, const std::vector<ListColumn>& columns, const Palette& colours,
-                      int dpi) {
-  if (!colours.dark) return CDRF_DODEFAULT;
+                      const Fonts& fonts) {
   const UniqueBrush ground(CreateSolidBrush(colours.ground)), line(CreateSolidBrush(colours.line));
   RECT area = draw.rc;
   FillRect(draw.hdc, &area, ground.Get());
@@ -18,7 +17,7 @@ LRESULT DrawListTitle(const NMCUSTOMDRAW& draw, const std::vector<ListColumn>& c
   const RECT edge{area.right - 1, area.top, area.right, area.bottom};
   FillRect(draw.hdc, &edge, line.Get());
   const ListColumn& column = columns[draw.dwItemSpec];
-  InflateRect(&area, -MulDiv(6, dpi, 96), 0);
+  InflateRect(&area, -fonts.Pixels(6), 0);
   SetBkMode(draw.hdc, TRANSPARENT);
   SetTextColor(draw.hdc, colours.text);
   DrawTextW(draw.hdc, column.title.c_str(), static_cast<int>(column.title.size()), &area,
@@ -26,30 +25,22 @@ LRESULT DrawListTitle(const NMCUSTOMDRAW& draw, const std::vector<ListColumn>& c
   return CDRF_SKIPDEFAULT;
 }
 
-void DrawListHint(HWND list, const std::wstring& hint, bool hasTitles, const Palette& colours, int dpi) {
-  RECT area;
-  GetClientRect(list, &area);
-  if (hasTitles) {
-    RECT titles;
-    GetClientRect(reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0)), &titles);
-    area.top += titles.bottom;
-  }
-  InflateRect(&area, -MulDiv(12, dpi, 96), -MulDiv(12, dpi, 96));
-  const HDC dc = GetDC(list);
-  {
-    const Selected font(dc, reinterpret_cast<HFONT>(SendMessageW(list, WM_GETFONT, 0, 0)));
-    SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, colours.dimText);
-    DrawTextW(dc, hint.c_str(), static_cast<int>(hint.size()), &area, DT_WORDBREAK | DT_CENTER | DT_NOPREFIX);
-  }
-  ReleaseDC(list, dc);
+void DrawListHint(HWND window, const ListBox& list, const Palette& colours, const Fonts& fonts) {
+  if (list.Hint().empty()) return;
+  RECT area, titles;
+  GetClientRect(window, &area);
+  const auto header = reinterpret_cast<HWND>(SendMessageW(window, LVM_GETHEADER, 0, 0));
+  if (IsWindowVisible(header) && GetClientRect(header, &titles)) area.top += titles.bottom;
+  const HDC dc = GetDC(window);
+  DrawHint(dc, area, list.Hint(), fonts, colours);
+  ReleaseDC(window, dc);
 }
 
-void FrameListRow(HWND list, HDC dc, int row, const Palette& colours, int dpi) {
+void FrameListRow(HWND list, HDC dc, int row, const Palette& colours, const Fonts& fonts) {
   RECT area{LVIR_BOUNDS, 0, 0, 0};
   SendMessageW(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
   const UniqueBrush accent(CreateSolidBrush(colours.accent));
-  for (int i = std::max(1, MulDiv(2, dpi, 96)); i > 0; --i) {
+  for (int i = std::max(1, fonts.Pixels(2)); i > 0; --i) {
     FrameRect(dc, &area, accent.Get());
     InflateRect(&area, -1, -1);
   }

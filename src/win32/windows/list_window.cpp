@@ -32,15 +32,14 @@ bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
 }  // namespace
 
 ListWindow::ListWindow(const Site& site, ListBox& list)
-    : Binding(site, list, {WC_LISTVIEWW, Style(list), WS_EX_CLIENTEDGE}), list_(list) {
+    : Binding(site, list, {WC_LISTVIEWW, Style(list)}), list_(list) {
   Ask(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
   Subclass();
 }
 
 void ListWindow::SetFonts(const Fonts& fonts) {
   Binding::SetFonts(fonts);
-  dpi_ = fonts.Dpi();
-  bold_ = fonts.Bold();
+  fonts_ = &fonts;
   FitColumns();
 }
 
@@ -67,38 +66,47 @@ void ListWindow::Update(Changes changes) {
 void ListWindow::MakeColumns() {
   while (Ask(LVM_DELETECOLUMN, 0) != FALSE) {
   }
-  const std::vector<ListColumn> whole(1);
-  const std::vector<ListColumn>& columns = list_.Columns().empty() ? whole : list_.Columns();
-  for (int i = 0; ListColumn column : columns) {
+  const std::vector<int> widths = ColumnWidths();
+  for (std::size_t i = 0; i < widths.size(); ++i) {
+    ListColumn column = list_.Columns().empty() ? ListColumn() : list_.Columns()[i];
     LVCOLUMNW made{};
-    made.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM;
+    made.mask = LVCF_TEXT | LVCF_FMT | LVCF_SUBITEM | LVCF_WIDTH;
     made.fmt = column.alignRight ? LVCFMT_RIGHT : LVCFMT_LEFT;
     made.pszText = column.title.data();
-    made.iSubItem = i;
-    Ask(LVM_INSERTCOLUMNW, static_cast<WPARAM>(i++), reinterpret_cast<LPARAM>(&made));
+    made.cx = widths[i];
+    made.iSubItem = static_cast<int>(i);
+    Ask(LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&made));
   }
   const LONG_PTR style = GetWindowLongPtrW(Window(), GWL_STYLE);
   const LONG_PTR wanted = HasTitles(list_) ? style & ~LVS_NOCOLUMNHEADER : style | LVS_NOCOLUMNHEADER;
   if (wanted != style) SetWindowLongPtrW(Window(), GWL_STYLE, wanted);
-  FitColumns();
+}
+
+// Those without a width of their own share what is left.
+std::vector<int> ListWindow::ColumnWidths() const {
+  RECT area;
+  GetClientRect(Window(), &area);
+  std::vector<int> widths;
+  int left = area.right, sharing = 0;
+  for (const ListColumn& column : list_.Columns()) {
+    widths.push_back(fonts_->Pixels(column.width));
+    left -= widths.back();
+    sharing += column.width == 0;
+  }
+  if (widths.empty()) return {area.right};
+  for (int& width : widths) {
+    if (width > 0) continue;
+    width = std::max(0, left) / sharing--;
+    left -= width;
+  }
+  return widths;
 }
 
 void ListWindow::FitColumns() {
-  RECT area;
-  GetClientRect(Window(), &area);
-  if (area.right == 0) return;  // not placed yet
-  if (list_.Columns().empty()) {
-    Ask(LVM_SETCOLUMNWIDTH, 0, area.right);
-    return;
-  }
-  int fixed = 0, sharing = 0;
-  for (const ListColumn& column : list_.Columns()) {
-    fixed += MulDiv(column.width, dpi_, 96);
-    sharing += column.width == 0;
-  }
-  const int share = sharing == 0 ? 0 : std::max<int>(0, area.right - fixed) / sharing;
-  for (WPARAM i = 0; const ListColumn& column : list_.Columns()) {
-    Ask(LVM_SETCOLUMNWIDTH, i++, column.width == 0 ? share : MulDiv(column.width, dpi_, 96));
+  if (fonts_ == nullptr) return;  // being made
+  for (WPARAM i = 0; const int width : ColumnWidths()) {
+    if (Ask(LVM_GETCOLUMNWIDTH, i) != width) Ask(LVM_SETCOLUMNWIDTH, i, width);
+    ++i;
   }
 }
 
@@ -201,7 +209,7 @@ std::wstring ListWindow::CellText(int row, int column) const {
 LRESULT ListWindow::Colour(NMLVCUSTOMDRAW& draw) const {
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   const int row = static_cast<int>(draw.nmcd.dwItemSpec);
-  if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT) FrameListRow(Window(), draw.nmcd.hdc, row, Colours(), dpi_);
+  if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT) FrameListRow(Window(), draw.nmcd.hdc, row, Colours(), *fonts_);
   if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || !IsRow(row)) return CDRF_DODEFAULT;
   const LRESULT after = row == dragged_ ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
   const Palette& colours = Colours();
@@ -219,7 +227,7 @@ LRESULT ListWindow::Colour(NMLVCUSTOMDRAW& draw) const {
     draw.clrText = focused ? colours.onSelected : colours.onResting;
   }
   if (mark != RowMark::Changed && mark != RowMark::Wrong) return after;
-  SelectObject(draw.nmcd.hdc, bold_);
+  SelectObject(draw.nmcd.hdc, fonts_->Bold());
   return CDRF_NEWFONT | after;
 }
 
@@ -232,7 +240,7 @@ void ListWindow::ShowMenu(POINT at) {
   if (at.x == -1 && at.y == -1) {
     RECT row{LVIR_BOUNDS, 0, 0, 0};
     Ask(LVM_GETITEMRECT, static_cast<WPARAM>(std::max(0, list_.Focus())), reinterpret_cast<LPARAM>(&row));
-    at = {MulDiv(16, dpi_, 96), list_.Count() > 0 ? row.bottom : 0};
+    at = {fonts_->Pixels(16), list_.Count() > 0 ? row.bottom : 0};
     ClientToScreen(Window(), &at);
   }
   OpenPopupMenu(Window(), at, entries);
@@ -275,7 +283,7 @@ std::wstring ListWindow::TooltipHere() {
   hit.pt = point;
   if (!IsRow(static_cast<int>(Ask(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit))))) return {};
   const std::wstring text = CellText(hit.iItem, hit.iSubItem);
-  const LRESULT width = Ask(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())) + MulDiv(12, dpi_, 96);
+  const LRESULT width = Ask(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())) + fonts_->Pixels(12);
   return width > Ask(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(hit.iSubItem)) ? list_.ItemText(hit.iItem)
                                                                             : std::wstring();
 }
@@ -340,16 +348,14 @@ LRESULT ListWindow::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_PAINT: {
       const LRESULT result = Binding::Message(message, wParam, lParam);
-      if (list_.Count() == 0 && !list_.Hint().empty()) {
-        DrawListHint(Window(), list_.Hint(), HasTitles(list_), Colours(), dpi_);
-      }
+      if (list_.Count() == 0) DrawListHint(Window(), list_, Colours(), *fonts_);
       return result;
     }
     case WM_NOTIFY: {
       const auto& note = *reinterpret_cast<const NMHDR*>(lParam);
       if (note.code != NM_CUSTOMDRAW) break;
       const LRESULT drawn =
-          DrawListTitle(reinterpret_cast<const NMCUSTOMDRAW&>(note), list_.Columns(), Colours(), dpi_);
+          DrawListTitle(reinterpret_cast<const NMCUSTOMDRAW&>(note), list_.Columns(), Colours(), *fonts_);
       if (drawn != CDRF_DODEFAULT) return drawn;
       break;
     }

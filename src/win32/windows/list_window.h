@@ -30,6 +30,7 @@ class ListWindow : public Binding {
   bool IsRow(int row) const { return row >= 0 && row < list_.Count(); }
 
   void MakeColumns();
+  std::vector<int> ColumnWidths() const;  // pixels
   void FitColumns();
 
   // Selection: the window's rows are marked as the model says, and the other way round.
@@ -52,8 +53,7 @@ class ListWindow : public Binding {
   void EndDrag();
 
   ListBox& list_;
-  int dpi_ = 96;
-  HFONT bold_ = nullptr;
+  const Fonts* fonts_ = nullptr;
   bool showing_ = false;           // the window is being changed, not the user's choice
   bool selectionTouched_ = false;  // by the user, not yet taken over
   int shownCount_ = 0, shownFocus_ = -1;

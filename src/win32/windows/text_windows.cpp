@@ -6,8 +6,13 @@
 
 namespace tagrix {
 EditField::EditField(const Site& site, TextBox& box)
-    : Binding(site, box, {WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE}), box_(box) {
+    : Binding(site, box, {WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL}), box_(box) {
   SendMessageW(Window(), EM_SETLIMITTEXT, 0, 0);  // none
+}
+
+void EditField::SetFonts(const Fonts& fonts) {
+  Binding::SetFonts(fonts);
+  SendMessageW(Window(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);  // the form draws a box around it
 }
 
 void EditField::Update(Changes changes) {

@@ -11,6 +11,7 @@ namespace tagrix {
 class EditField : public Binding {
  public:
   EditField(const Site& site, TextBox& box);
+  void SetFonts(const Fonts& fonts) override;
   void Update(Changes changes) override;
   void Command(int code) override;
   std::wstring TooltipHere() override;

@@ -18,8 +18,7 @@ constexpr LPARAM kUnfilled = 0, kFilled = 1;
 
 TreeWindow::TreeWindow(const Site& site, TreeBox& tree)
     : Binding(site, tree,
-              {WC_TREEVIEWW, WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
-               WS_EX_CLIENTEDGE}),
+              {WC_TREEVIEWW, WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS}),
       tree_(tree) {
   Subclass();
 }
