@@ -22,7 +22,8 @@ class Shell {
   // Starts a program as a normal window and doesn't wait. `program` is its full path (nothing else is started),
   // `commandLine` the whole command line as the program will see it. Null when it could not be started.
   virtual std::unique_ptr<Process> Start(const std::wstring& program, const std::wstring& commandLine) = 0;
-  // Opens a file in the user's program for its kind; shows it, selected, in its folder. False when that fails.
+  // Opens a file in the user's program for its kind; shows it, selected, in its folder. False when that fails, or the
+  // path is not the full path of something that is there.
   virtual bool OpenFile(const std::wstring& path) = 0;
   virtual bool ShowInFolder(const std::wstring& path) = 0;
   // Puts a text on the clipboard.

@@ -18,9 +18,11 @@
 #include "win32/ports/ftp_client.h"
 #include "win32/ports/https_client.h"
 #include "win32/ports/registry.h"
+#include "win32/ports/shell.h"
 #include "win32/ports/tcp_socket.h"
 #include "win32/windows/event_loop.h"
 #else
+#include "base/paths.h"
 #include "fakes/fakes.h"
 #endif
 
@@ -48,6 +50,21 @@ struct FilesCase {
 
   WinFiles files;
   std::wstring folder;
+};
+
+// Files that end with ".contract" belong to a program that puts a copy, "*.opened", beside each.
+struct ShellCase : FilesCase {
+  ShellCase();
+  ~ShellCase();
+  ShellCase(const ShellCase&) = delete;
+  ShellCase& operator=(const ShellCase&) = delete;
+  bool Opened(const std::wstring& path) { return files.Find(path + L".opened").has_value(); }
+  // Whether a window shows the folder; closes it.
+  static bool Shown(const std::wstring& folder);
+  static std::wstring Copied();
+
+  WinEventLoop events;
+  WinShell shell;
 };
 
 // At the echoing port each request (up to an empty line) comes back; after one that begins with "close" the server
@@ -105,6 +122,17 @@ struct FilesCase {
 
   FakeFiles files;
   std::wstring folder = L"C:\\Work\\Folder";
+};
+
+struct ShellCase : FilesCase {
+  bool Opened(const std::wstring& path) const { return shell.opened == Texts{path}; }
+  bool Shown(const std::wstring& folder) const {
+    return shell.shown.size() == 1 && FolderPart(shell.shown[0]) == folder + L"\\";
+  }
+  std::wstring Copied() const { return shell.copied; }
+
+  FakeEvents events;
+  FakeShell shell{files};
 };
 
 struct SocketCase {

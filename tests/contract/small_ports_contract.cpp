@@ -61,6 +61,30 @@ TEST(CodePageContract, MeetsTextAndBytes) {
   EXPECT_TRUE(page.DecimalSeparator() == L'.' || page.DecimalSeparator() == L',');
 }
 
+TEST(ShellContract, OpensAndShowsWhatIsThere) {
+  ShellCase test;
+  const std::wstring path = test.folder + L"\\Caf\u00E9, its 1st song.contract";
+  for (const std::wstring& bad : {std::wstring(), std::wstring(L"Caf\u00E9, its 1st song.contract"), path}) {
+    EXPECT_FALSE(test.shell.OpenFile(bad));
+    EXPECT_FALSE(test.shell.ShowInFolder(bad));
+  }
+  test.files.Create(path);
+  EXPECT_TRUE(test.shell.OpenFile(path));
+  EXPECT_TRUE(Until(
+      test.events, [&] { return test.Opened(path); }, 30'000));
+  EXPECT_TRUE(test.shell.ShowInFolder(path));
+  EXPECT_TRUE(Until(
+      test.events, [&] { return test.Shown(test.folder); }, 30'000));
+}
+
+TEST(ShellContract, CopiesATextInThePlaceOfTheLast) {
+  ShellCase test;
+  for (const wchar_t* text : {L"01 - Caf\u00E9 \x0416.mp3\r\n02.mp3", L"02"}) {
+    test.shell.CopyText(text);
+    EXPECT_EQ(test.Copied(), text);
+  }
+}
+
 #ifdef _WIN32
 
 // Without linguistic casing, as file names need it.

@@ -70,19 +70,14 @@ class FakeClock : public Clock {
 
 class FakeShell : public Shell {
  public:
+  explicit FakeShell(FakeFiles& files) : files_(files) {}
   bool OpenLink(const std::wstring& link) override {
     links.push_back(link);
     return true;
   }
   std::unique_ptr<Process> Start(const std::wstring& program, const std::wstring& commandLine) override;
-  bool OpenFile(const std::wstring& path) override {
-    opened.push_back(path);
-    return true;
-  }
-  bool ShowInFolder(const std::wstring& path) override {
-    shown.push_back(path);
-    return true;
-  }
+  bool OpenFile(const std::wstring& path) override { return Keep(path, opened); }
+  bool ShowInFolder(const std::wstring& path) override { return Keep(path, shown); }
   void CopyText(const std::wstring& text) override { copied = text; }
   void PlaySoundFile(const std::wstring& path) override { sounds.push_back(path); }
 
@@ -90,6 +85,14 @@ class FakeShell : public Shell {
   std::vector<std::wstring> opened, shown, links, programs, commandLines, sounds;
   bool canStart = true;
   int runsFor = 0;  // how often Running() answers true
+
+ private:
+  bool Keep(const std::wstring& path, std::vector<std::wstring>& kept) {
+    if (files_.Find(path)) kept.push_back(path);
+    return files_.Find(path).has_value();
+  }
+
+  FakeFiles& files_;
 };
 
 // Plays the user. Questions are answered from `answers` (Yes when it is empty), dialogs are worked by `dialogs` in turn
@@ -198,7 +201,7 @@ struct TestContext {
   FakeCodePage codePage;
   FakeEvents events;
   FakeClock clock;
-  FakeShell shell;
+  FakeShell shell{files};
   FakePrompts prompts;
   FakeSocket socket{events};
   FakeFtp ftp{events, files};

@@ -71,6 +71,8 @@ std::unique_ptr<Process> WinShell::Start(const std::wstring& program, const std:
 bool WinShell::OpenFile(const std::wstring& path) { return IsFullPath(path) && OpenLink(path); }
 
 bool WinShell::ShowInFolder(const std::wstring& path) {
+  // Explorer would show some other folder instead.
+  if (!IsFullPath(path) || GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) return false;
   const std::wstring arguments = L"/select,\"" + path + L"\"";
   const HINSTANCE result = ShellExecuteW(nullptr, nullptr, L"explorer.exe", arguments.c_str(), nullptr, SW_SHOWNORMAL);
   return reinterpret_cast<INT_PTR>(result) > 32;
