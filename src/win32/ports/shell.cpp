@@ -74,7 +74,10 @@ bool WinShell::ShowInFolder(const std::wstring& path) {
   // Explorer would show some other folder instead.
   if (!IsFullPath(path) || GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) return false;
   const std::wstring arguments = L"/select,\"" + path + L"\"";
-  const HINSTANCE result = ShellExecuteW(nullptr, nullptr, L"explorer.exe", arguments.c_str(), nullptr, SW_SHOWNORMAL);
+  wchar_t folder[MAX_PATH]{};  // a bare name would be looked for in the current folder, too
+  GetWindowsDirectoryW(folder, MAX_PATH);
+  const std::wstring explorer = std::wstring(folder) + L"\\explorer.exe";
+  const HINSTANCE result = ShellExecuteW(nullptr, nullptr, explorer.c_str(), arguments.c_str(), nullptr, SW_SHOWNORMAL);
   return reinterpret_cast<INT_PTR>(result) > 32;
 }
 
