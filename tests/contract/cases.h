@@ -60,7 +60,7 @@ struct ShellCase : FilesCase {
   ShellCase& operator=(const ShellCase&) = delete;
   bool Opened(const std::wstring& path) { return files.Find(path + L".opened").has_value(); }
   // Whether a window shows the folder; closes it.
-  static bool Shown(const std::wstring& folder);
+  bool Shown() const;
   static std::wstring Copied();
 
   WinEventLoop events;
@@ -126,9 +126,7 @@ struct FilesCase {
 
 struct ShellCase : FilesCase {
   bool Opened(const std::wstring& path) const { return shell.opened == Texts{path}; }
-  bool Shown(const std::wstring& folder) const {
-    return shell.shown.size() == 1 && FolderPart(shell.shown[0]) == folder + L"\\";
-  }
+  bool Shown() const { return shell.shown.size() == 1 && FolderPart(shell.shown[0]) == folder + L"\\"; }
   std::wstring Copied() const { return shell.copied; }
 
   FakeEvents events;

@@ -74,7 +74,7 @@ TEST(ShellContract, OpensAndShowsWhatIsThere) {
       test.events, [&] { return test.Opened(path); }, 30'000));
   EXPECT_TRUE(test.shell.ShowInFolder(path));
   EXPECT_TRUE(Until(
-      test.events, [&] { return test.Shown(test.folder); }, 30'000));
+      test.events, [&] { return test.Shown(); }, 30'000));
 }
 
 TEST(ShellContract, CopiesATextInThePlaceOfTheLast) {

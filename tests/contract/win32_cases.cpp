@@ -55,7 +55,7 @@ ShellCase::~ShellCase() {
   RegDeleteTreeW(HKEY_CLASSES_ROOT, L"contract");
 }
 
-bool ShellCase::Shown(const std::wstring& folder) {
+bool ShellCase::Shown() const {
   const HWND window = FindWindowW(nullptr, folder.substr(folder.rfind(L'\\') + 1).c_str());
   return window != nullptr && PostMessageW(window, WM_CLOSE, 0, 0);
 }
