@@ -251,6 +251,30 @@ TEST_F(ApplySession, AsksOnceHowToTagWhereThatMatters) {
   EXPECT_EQ(Content(L"b.mp3").find("APIC"), std::string::npos);
 }
 
+// By its name the next run finds it, to put back what was overwritten.
+TEST_F(ApplySession, AFileWhoseTagIsHalfWrittenKeepsItsName) {
+  order.id3v1 = order.id3v2 = true;
+  order.tagStyle = TagStyle::Standard;
+  for (const wchar_t* name : {L"a.mp3", L"b.mp3"}) File(name, L"One");
+  ApplyAll();
+  const std::string before = Content(L"a.mp3");
+  order.rename = true;
+  for (DiscTrack& track : session.disc.tracks) track.title = L"Two";
+  // Once the first of two places is written, the second can't be, nor can the first be put back.
+  files.beforeCall = [&, failing = 2](const std::wstring&) mutable {
+    if (Content(L"a.mp3") != before && failing-- > 0) files.FailCall(1);
+  };
+  ApplyAll();
+  EXPECT_EQ(diary.entries, Texts{L"not tagged a.mp3 > C:\\M\\Live\\a.mp3"});
+  EXPECT_EQ(OnDisk(), (Texts{L"02 Two.mp3", L"a.mp3", L"tagrix.journal"}));
+  EXPECT_TRUE(Content(L"a.mp3") != before);
+
+  order.id3v1 = order.id3v2 = order.rename = false;
+  ApplyAll();
+  EXPECT_TRUE(Content(L"a.mp3") == before);
+  EXPECT_FALSE(files.Has(L"C:\\M\\Live\\tagrix.journal"));
+}
+
 TEST_F(ApplySession, PutsNamesOutsideTheCodePageIntoAPlaylistInUtf8) {
   order.playlist = true;
   File(L"\x4E00.mp3", L"One");
