@@ -8,6 +8,17 @@ namespace {
 
 using StartTest = UiTest;
 
+// Whether it is dark where a window has its lower left corner on the screen.
+bool IsDark(HWND window) {
+  constexpr int kInside = 8;
+  RECT area;
+  GetWindowRect(window, &area);
+  const HDC screen = GetDC(nullptr);
+  const COLORREF colour = GetPixel(screen, area.left + kInside, area.bottom - kInside);
+  ReleaseDC(nullptr, screen);
+  return GetGValue(colour) < 0x80;
+}
+
 TEST_F(StartTest, ShowsEachPageAtAClick) {
   const Program& program = Start();
   // A control of each page, in the order of the buttons.
@@ -37,6 +48,22 @@ TEST_F(StartTest, AsksOverTheWindowWhenTheBurningProgramIsMissing) {
   program.Click("again_chk");
   program.Click("answer1_btn");
   EXPECT_TRUE(Until([&] { return Setting(L"AskCopyToDVD") == L"0"; }));
+}
+
+TEST_F(StartTest, TurnsDarkAndLightWithTheSystem) {
+  constexpr const wchar_t* kThemes = L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize";
+  const Program& program = Start();
+  program.Click("browse_btn");
+  program.Window("Choixrecoldir");
+  for (const DWORD light : {0UL, 1UL}) {
+    RegSetKeyValueW(HKEY_CURRENT_USER, kThemes, L"AppsUseLightTheme", REG_DWORD, &light, sizeof light);
+    for (const char* form : {"tagrix", "Choixrecoldir"}) {
+      SendMessageW(program.Window(form), WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"ImmersiveColorSet"));
+    }
+    for (const char* name : {"tagrix", "mp3_lst", "artist_txt", "Choixrecoldir", "file_lst"}) {
+      EXPECT_TRUE(Until([&] { return IsDark(program.Window(name)) == (light == 0); })) << name << light;
+    }
+  }
 }
 
 TEST_F(StartTest, NeedsWholeLanguage) {
