@@ -248,7 +248,7 @@ void DrawHint(HDC dc, RECT area, const std::wstring& hint, const Fonts& fonts, c
   InflateRect(&area, -fonts.Pixels(12), -fonts.Pixels(12));
   const Selected font(dc, fonts.Normal());
   SetBkMode(dc, TRANSPARENT);
-  SetTextColor(dc, palette.dimText);
+  SetTextColor(dc, palette.Of(Ink::DimText));
   Write(dc, hint, area, DT_WORDBREAK | DT_CENTER | DT_NOPREFIX);
 }
 

@@ -98,16 +98,16 @@ COLORREF Palette::Of(Ink ink) const {
       return line;
     case Ink::Text:
       return text;
-    case Ink::DimText:
-      return dimText;
+    case Ink::DimText:  // the dim colour of high contrast says that something is disabled
+      return contrast ? text : dimText;
     case Ink::Accent:
       return accent;
     case Ink::Good:
       return good;
     case Ink::Warning:
       return warning;
-    case Ink::Error:
-      return error;
+    case Ink::Error:  // high contrast has one colour for texts that stand out, and one more for what isn't text
+      return contrast ? accent : error;
   }
   return text;
 }
