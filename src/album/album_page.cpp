@@ -9,7 +9,6 @@ namespace tagrix {
 namespace {
 
 constexpr int kHalf = 380;  // least width of the two halves, the same above and below
-constexpr int kStepHeight = 34;
 
 Node Labelled(Label& label, Control& field) { return Row({MinSize(44, 0, label), Stretch(1, field)}); }
 
@@ -25,7 +24,7 @@ Node Results(AlbumPage& page) {
                    Stretch(1, page.genre_txt), page.helpgenre_btn}),
               Spacer()});
   return Framed(page.res_frm,
-                Gap(18, Row({Stretch(1, MinSize(kHalf, 0, albums)), Stretch(1, MinSize(kHalf, 0, disc))})));
+                Gap(kWideGap, Row({Stretch(1, MinSize(kHalf, 0, albums)), Stretch(1, MinSize(kHalf, 0, disc))})));
 }
 
 // The files beside the tracks that they are to become, row by row.
@@ -41,7 +40,7 @@ Node Doing(AlbumPage& page) {
       Framed(page.options_frm,
              Row({Stretch(1, Column({Sampled(page.ren_chk, page.test_lbl), Sampled(page.pls_chk, page.pls_lbl)})),
                   Column({page.ID3v2_chk, page.ID3v1_chk})}));
-  const auto step = [](Button& button) { return MinSize(100, kStepHeight, button); };
+  const auto step = [](Button& button) { return MinSize(100, kTallButton, button); };
   const Node steps =
       Framed(page.steps_frm, Row({step(page.go_btn), step(page.fetch_btn), step(page.apply_btn), step(page.undo_btn)}));
   return Row({Stretch(1, options), steps});

@@ -167,12 +167,13 @@ Node MainWindow::Layout() {
   std::vector<Node> buttons;
   for (Button& button : context.page_btn) buttons.push_back(Stretch(1, MinSize(kPageButtonWidth, 0, button)));
   return Margin(
-      8, Column({Row(std::move(buttons)),
-                 Stretch(1, Stack({Framed(workfrm[0], AlbumLayout(album)), Framed(workfrm[1], ListerLayout(lister)),
-                                   Framed(workfrm[2], BulkLayout(bulk)), Framed(workfrm[3], PlaylistLayout(playlist)),
-                                   Framed(workfrm[4], BurnLayout(burn)), Framed(workfrm[5], SetupLayout(setup)),
-                                   Framed(workfrm[6], AboutLayout(about))})),
-                 Row({Stretch(1, context.status_lbl), MinSize(160, 0, context.progress_box), context.cancel_btn})}));
+      kWideGap,
+      Column({Row(std::move(buttons)),
+              Stretch(1, Stack({Framed(workfrm[0], AlbumLayout(album)), Framed(workfrm[1], ListerLayout(lister)),
+                                Framed(workfrm[2], BulkLayout(bulk)), Framed(workfrm[3], PlaylistLayout(playlist)),
+                                Framed(workfrm[4], BurnLayout(burn)), Framed(workfrm[5], SetupLayout(setup)),
+                                Framed(workfrm[6], AboutLayout(about))})),
+              Row({Stretch(1, context.status_lbl), MinSize(160, 0, context.progress_box), context.cancel_btn})}));
 }
 
 bool MainWindow::StartUp() try {

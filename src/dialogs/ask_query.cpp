@@ -28,10 +28,10 @@ void LoadAskQuery(AskQuery& dialog, Context& context, std::wstring_view albumFol
   transme(dialog, context);
   const std::vector<std::wstring> pieces = Split(albumFolder, L"\\");
   if (pieces.size() > 2) dialog.query_txt.SetText(pieces.back());
-  dialog.form.layout =
-      Margin(10, Column({Framed(dialog.query_frm, Column({Wrap(380, dialog.txt_lbl), MinSize(380, 0, dialog.query_txt),
-                                                          Row({dialog.source_lbl, Stretch(1, dialog.source_cmb)})})),
-                         Row({Spacer(), dialog.ok_btn, dialog.cancel_btn})}));
+  dialog.form.layout = Margin(
+      kWideGap, Column({Framed(dialog.query_frm, Column({Wrap(380, dialog.txt_lbl), MinSize(380, 0, dialog.query_txt),
+                                                         Row({dialog.source_lbl, Stretch(1, dialog.source_cmb)})})),
+                        Row({Spacer(), dialog.ok_btn, dialog.cancel_btn})}));
   dialog.form.defaultButton = &dialog.ok_btn;
   dialog.form.cancelButton = &dialog.cancel_btn;
   dialog.form.firstFocus = &dialog.query_txt;

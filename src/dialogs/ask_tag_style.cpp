@@ -51,10 +51,10 @@ std::optional<TagStyle> AskTagStyle(Context& context, const TagStyleReasons& rea
   dialog.cancel_btn.clicked = [&] { dialog.form.Close(); };
 
   dialog.form.layout =
-      Margin(12, Gap(12, Column({Wrap(kTextWidth, dialog.reasons_lbl),
-                                 Gap(6, Column({MinSize(kTextWidth, 34, dialog.standard_btn),
-                                                MinSize(kTextWidth, 34, dialog.classic_btn)})),
-                                 Wrap(kTextWidth, dialog.kept_lbl), Row({Spacer(), dialog.cancel_btn})})));
+      Margin(kWideGap, Gap(kWideGap, Column({Wrap(kTextWidth, dialog.reasons_lbl),
+                                             Column({MinSize(kTextWidth, kTallButton, dialog.standard_btn),
+                                                     MinSize(kTextWidth, kTallButton, dialog.classic_btn)}),
+                                             Wrap(kTextWidth, dialog.kept_lbl), Row({Spacer(), dialog.cancel_btn})})));
   dialog.form.defaultButton = &dialog.standard_btn;
   dialog.form.cancelButton = &dialog.cancel_btn;
   dialog.form.firstFocus = &dialog.standard_btn;

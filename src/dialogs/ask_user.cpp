@@ -37,7 +37,7 @@ UserAnswer AskUser(Context& context, const Question& question) {
   }
   for (const int i : question.closed) buttons[static_cast<std::size_t>(i)].SetEnabled(false);
   form.caption = publisher::kProduct;
-  form.layout = Margin(14, Gap(16, Column({Wrap(kWidth, text), Row(std::move(row))})));
+  form.layout = Margin(kWideGap, Gap(kWideGap, Column({Wrap(kWidth, text), Row(std::move(row))})));
   form.firstFocus = form.defaultButton = &buttons[static_cast<std::size_t>(question.standard)];
   form.cancelButton = &buttons.back();
   ShowModal(context, form);

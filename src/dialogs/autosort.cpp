@@ -30,7 +30,7 @@ Node Layout(Autosort& dialog) {
   Node method = Row({Column({dialog.fast_rdo, dialog.Q_rdo}), Spacer(), dialog.search_btn});
   Node progress = Row({Stretch(1, dialog.cur_bar), MinSize(40, 0, dialog.cur_hst)});
   return Margin(
-      10,
+      kWideGap,
       Column({Framed(dialog.method_frm, std::move(method)), Framed(dialog.prog_frm, std::move(progress)),
               Stretch(1, Framed(dialog.res_frm, Column({Stretch(1, MinSize(620, 260, dialog.lst)), dialog.how_lbl}))),
               Row({Spacer(), dialog.ok_btn, dialog.cancel_btn})}));

@@ -184,7 +184,7 @@ void SetMode(Choixrecoldir& dialog, ChooserMode mode) {
       CollectsFiles(mode)
           ? Row({Framed(dialog.recurse_frm, Row({dialog.recurse_chk})), Spacer(), dialog.ok_btn, dialog.cancel_btn})
           : Row({Spacer(), dialog.ok_btn, dialog.cancel_btn});
-  dialog.form.layout = Margin(10, Column({Stretch(1, std::move(choice)), std::move(buttons)}));
+  dialog.form.layout = Margin(kWideGap, Column({Stretch(1, std::move(choice)), std::move(buttons)}));
   dialog.form.startSize = {620, 480};
 }
 

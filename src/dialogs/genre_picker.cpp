@@ -52,8 +52,9 @@ void ChooseGenre(Context& context, TextBox& genre_txt) {
   });
   dialog.cancel_btn.clicked = [&] { dialog.form.Close(); };
 
-  dialog.form.layout = Margin(
-      10, Column({Stretch(1, MinSize(240, 320, dialog.List1)), Row({Spacer(), dialog.ok_btn, dialog.cancel_btn})}));
+  dialog.form.layout =
+      Margin(kWideGap,
+             Column({Stretch(1, MinSize(240, 320, dialog.List1)), Row({Spacer(), dialog.ok_btn, dialog.cancel_btn})}));
   dialog.form.defaultButton = &dialog.ok_btn;
   dialog.form.cancelButton = &dialog.cancel_btn;
   ShowModal(context, dialog.form);

@@ -32,7 +32,7 @@ void transme(Statistics& window, Context& context) {
                          context.Text(message::kWithoutTrack)};
 }
 
-Node Figure(Label& label, Label& value) { return Gap(4, Row({label, MinSize(48, 0, value)})); }
+Node Figure(Label& label, Label& value) { return Row({label, MinSize(48, 0, value)}); }
 
 Node Layout(Statistics& window) {
   Node figures = Row({Figure(window.maximum_lbl, window.maximum_value_lbl), Spacer(),
@@ -40,11 +40,12 @@ Node Layout(Statistics& window) {
                       Figure(window.quadratic_lbl, window.quadratic_value_lbl), Spacer(),
                       Figure(window.fakes_lbl, window.fakes_value_lbl)});
   return Margin(
-      12,
-      Gap(10, Column({Wrap(700, window.verdict_lbl), std::move(figures), window.how_lbl,
-                      Stretch(3, Framed(window.chart_frm, Column({Stretch(1, MinSize(700, 200, window.chart_pic))}))),
-                      Stretch(2, MinSize(700, 150, window.places_lst)),
-                      Row({MinSize(200, 0, window.measure_bar), Spacer(), window.ok_btn})})));
+      kWideGap,
+      Gap(kWideGap,
+          Column({Wrap(700, window.verdict_lbl), std::move(figures), window.how_lbl,
+                  Stretch(3, Framed(window.chart_frm, Column({Stretch(1, MinSize(700, 200, window.chart_pic))}))),
+                  Stretch(2, MinSize(700, 150, window.places_lst)),
+                  Row({MinSize(200, 0, window.measure_bar), Spacer(), window.ok_btn})})));
 }
 
 std::ptrdiff_t CountFakes(const AlbumSession& session) {

@@ -38,9 +38,9 @@ void ShowSummary(Context& context, const std::wstring& heading, const std::wstri
   window.left_lst.SetVisible(!lines.empty());
   window.ok_btn.clicked = [&] { window.form.Close(); };
 
-  window.form.layout = Margin(
-      14, Gap(12, Column({window.heading_lbl, Wrap(kSummaryWidth, window.text_lbl),
-                          Stretch(1, MinSize(kSummaryWidth, 160, window.left_lst)), Row({Spacer(), window.ok_btn})})));
+  window.form.layout = Margin(kWideGap, Gap(kWideGap, Column({window.heading_lbl, Wrap(kSummaryWidth, window.text_lbl),
+                                                              Stretch(1, MinSize(kSummaryWidth, 160, window.left_lst)),
+                                                              Row({Spacer(), window.ok_btn})})));
   window.form.defaultButton = window.form.cancelButton = &window.ok_btn;
   window.form.firstFocus = &window.ok_btn;
   ShowModal(context, window.form);

@@ -21,7 +21,8 @@ bool EditLine(Context& context, const std::wstring& caption, const std::wstring&
   dialog.cancel_btn.clicked = [&] { dialog.form.Close(); };
 
   dialog.form.layout = Margin(
-      10, Gap(12, Column({MinSize(360, 0, dialog.name_txt), Row({Spacer(), dialog.ok_btn, dialog.cancel_btn})})));
+      kWideGap,
+      Gap(kWideGap, Column({MinSize(360, 0, dialog.name_txt), Row({Spacer(), dialog.ok_btn, dialog.cancel_btn})})));
   dialog.form.defaultButton = &dialog.ok_btn;
   dialog.form.cancelButton = &dialog.cancel_btn;
   ShowModal(context, dialog.form);

@@ -29,8 +29,7 @@ constexpr Size kList{120, 90};
 constexpr Size kTree{160, 140};
 constexpr Size kProgress{90, 15};
 constexpr Size kPicture{60, 40};
-constexpr int kFrameInset = 9;     // between a titled frame's border and what is in it
-constexpr int kFrameTitleGap = 6;  // between its title and what is in it
+constexpr int kFrameInset = 9;  // between a titled frame's border and what is in it
 
 struct Scale {
   int dpi;
@@ -144,7 +143,7 @@ void Inset(Box& box, const Scale& scale) {
   box.right += border;
   box.bottom += border;
   const Size title = scale.Caption(box.node->control->Text());
-  box.top += title.height + scale(kFrameTitleGap);
+  box.top += title.height + scale(kGap);
   box.size.width = title.width + 2 * border;
 }
 

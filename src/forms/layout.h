@@ -11,6 +11,11 @@
 
 namespace tagrix {
 
+// The distances, in units: between what belongs together, and between groups and around what stands in a window.
+inline constexpr int kGap = 6, kWideGap = 2 * kGap;
+// The height of the buttons that a page or a dialog is there for.
+inline constexpr int kTallButton = 34;
+
 // One place of the tree. All lengths are in device-independent units (1/96 inch).
 struct Node {
   enum class Kind { Control, Row, Column, Stack, Spacer };
@@ -24,7 +29,7 @@ struct Node {
   int stretch = 0;  // share of the spare room along the parent's direction
   int minWidth = 0, minHeight = 0;
   int wrapAt = 0;  // labels: wrap the text at this width; 0 keeps it on its own lines
-  int gap = 6;     // between children
+  int gap = kGap;  // between children
   int margin = 0;  // around the children
 };
 

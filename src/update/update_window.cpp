@@ -14,10 +14,10 @@ namespace {
 constexpr std::uint64_t kSpeedStep = 250;  // milliseconds between two measurements, so that the figure can be read
 
 Node UpdLayout(Upd& dialog) {
-  return Margin(12, MinSize(360, 0,
-                            Gap(8, Column({dialog.file_lbl, dialog.download_bar,
-                                           Row({Stretch(1, dialog.progress_lbl), dialog.speed_lbl}),
-                                           Row({Spacer(), dialog.cancel_btn})}))));
+  return Margin(kWideGap, MinSize(360, 0,
+                                  Gap(kWideGap, Column({dialog.file_lbl, dialog.download_bar,
+                                                        Row({Stretch(1, dialog.progress_lbl), dialog.speed_lbl}),
+                                                        Row({Spacer(), dialog.cancel_btn})}))));
 }
 
 // Bytes per second between two measurements.

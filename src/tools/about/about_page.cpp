@@ -8,13 +8,13 @@
 namespace tagrix {
 
 Node AboutLayout(AboutPage& page) {
-  const auto link = [](Button& button, Label& address) { return Row({MinSize(150, 28, button), Stretch(1, address)}); };
+  const auto link = [](Button& button, Label& address) { return Row({MinSize(150, 0, button), Stretch(1, address)}); };
   const Node facts =
       Column({page.about_name_lbl, page.about_version_lbl, Wrap(380, page.about_purpose_lbl), page.about_authors_lbl,
-              MinSize(0, 12, Row({})), link(page.about_mail_btn, page.about_mail_lbl),
-              link(page.about_web_btn, page.about_web_lbl), Row({MinSize(150, 28, page.about_update_btn), Spacer()}),
-              Row({MinSize(150, 28, page.about_licences_btn), Spacer()})});
-  return Column({Spacer(), Row({Spacer(), MinSize(380, 0, Gap(10, facts)), Spacer()}), Spacer(2)});
+              MinSize(0, kWideGap, Row({})), link(page.about_mail_btn, page.about_mail_lbl),
+              link(page.about_web_btn, page.about_web_lbl), Row({MinSize(150, 0, page.about_update_btn), Spacer()}),
+              Row({MinSize(150, 0, page.about_licences_btn), Spacer()})});
+  return Column({Spacer(), Row({Spacer(), MinSize(380, 0, Gap(kWideGap, facts)), Spacer()}), Spacer(2)});
 }
 
 void TranslateAboutPage(AboutPage& page, Context& context) {

@@ -19,11 +19,11 @@ Node BulkLayout(BulkPage& page) {
        Framed(page.bulk_list_frm, Row({page.add_btn, page.addfolder_btn, Spacer(), page.Command3, page.reset_btn}))});
   Node spaces = Column({page.space_chk, page.under_chk, page.multi_chk, page.merge_chk, page.unmerge_chk, Spacer()});
   Node letterCase = Column({page.case_chk, Framed(page.case_frm, Column({page.lc_rdo, page.uc_rdo, page.fluc_rdo}))});
-  Node rules = Gap(24, Row({Stretch(1, std::move(spaces)), Stretch(1, std::move(letterCase))}));
+  Node rules = Gap(2 * kWideGap, Row({Stretch(1, std::move(spaces)), Stretch(1, std::move(letterCase))}));
   Node run =
       Row({Stretch(1, page.bulk_cur_bar), MinSize(40, 0, page.bulk_cur_hst), page.bulk_undo_btn, page.bulk_go_btn});
-  return Gap(10, Column({Stretch(1, Framed(page.bulk_files_frm, std::move(files))),
-                         Framed(page.bulk_rules_frm, std::move(rules)), std::move(run)}));
+  return Column({Stretch(1, Framed(page.bulk_files_frm, std::move(files))),
+                 Framed(page.bulk_rules_frm, std::move(rules)), std::move(run)});
 }
 
 void TranslateBulkPage(BulkPage& page, Context& context) {

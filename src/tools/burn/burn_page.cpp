@@ -10,11 +10,12 @@ Node BurnLayout(BurnPage& page) {
   const Node buttons = Column({page.burn_add_btn, page.burn_addfolder_btn, page.burn_delete_btn, page.burn_reset_btn,
                                Spacer(), page.burn_up_btn, page.burn_down_btn, Spacer()});
   const Node capacity = Framed(page.burn_prog_hst, Column({MinSize(240, 46, page.burn_prog_bar)}));
-  return Framed(page.burn_frm, Column({
-                                   Stretch(1, Framed(page.burn_files_frm, Row({Stretch(1, page.burn_lst), buttons}))),
-                                   Framed(page.burn_prog_frm, Column({capacity, page.burn_time_lbl})),
-                                   Row({MinSize(208, 0, page.c2cd_btn), Spacer(), MinSize(120, 32, page.burn_btn)}),
-                               }));
+  return Framed(page.burn_frm,
+                Column({
+                    Stretch(1, Framed(page.burn_files_frm, Row({Stretch(1, page.burn_lst), buttons}))),
+                    Framed(page.burn_prog_frm, Column({capacity, page.burn_time_lbl})),
+                    Row({MinSize(208, 0, page.c2cd_btn), Spacer(), MinSize(120, kTallButton, page.burn_btn)}),
+                }));
 }
 
 void ShowBurnTime(BurnPage& page, Context& context) {

@@ -30,9 +30,8 @@ Node ListerLayout(ListerPage& page) {
   Node how = Row({Framed(page.lister_format_frm, Column({Stretch(1, MinSize(140, 130, page.ext_lst))})),
                   Stretch(1, Column({Framed(page.lister_pattern_frm, std::move(line)),
                                      Stretch(1, Framed(page.lister_help_frm, Column({page.pathlp_lbl, Spacer()})))}))});
-  return Gap(10,
-             Column({Framed(page.lister_input_frm, std::move(input)), Framed(page.lister_output_frm, std::move(output)),
-                     Stretch(1, std::move(how)), Row({Spacer(), page.lister_go_btn})}));
+  return Column({Framed(page.lister_input_frm, std::move(input)), Framed(page.lister_output_frm, std::move(output)),
+                 Stretch(1, std::move(how)), Row({Spacer(), page.lister_go_btn})});
 }
 
 void ShowListerSample(ListerPage& page, Context& context) {

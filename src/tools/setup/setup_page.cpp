@@ -61,7 +61,7 @@ Node SetupLayout(SetupPage& page) {
       Spacer(),
       Row({Spacer(), page.setup_ok_btn}),
   });
-  return Gap(12, Row({Stretch(1, names), Stretch(1, network)}));
+  return Gap(kWideGap, Row({Stretch(1, names), Stretch(1, network)}));
 }
 
 void TranslateSetupPage(SetupPage& page, Context& context) {
