@@ -22,7 +22,6 @@
 #include "win32/ports/tcp_socket.h"
 #include "win32/windows/event_loop.h"
 #else
-#include "base/paths.h"
 #include "fakes/fakes.h"
 #endif
 
@@ -52,19 +51,17 @@ struct FilesCase {
   std::wstring folder;
 };
 
-// Files that end with ".contract" belong to a program that puts a copy, "*.opened", beside each.
+// Whether such a window is there; closes it.
+bool CloseTitled(const std::wstring& title);
+
 struct ShellCase : FilesCase {
-  ShellCase();
-  ~ShellCase();
-  ShellCase(const ShellCase&) = delete;
-  ShellCase& operator=(const ShellCase&) = delete;
-  bool Opened(const std::wstring& path) { return files.Find(path + L".opened").has_value(); }
-  // Whether a window shows the folder; closes it.
-  bool Shown() const;
+  bool Opened() const { return CloseTitled(name + L" - Notepad"); }
+  bool Shown() const { return CloseTitled(folder.substr(folder.rfind(L'\\') + 1)); }
   static std::wstring Copied();
 
   WinEventLoop events;
   WinShell shell;
+  std::wstring name = L"of the 1st album.ini", path = folder + L"\\" + name;
 };
 
 // At the echoing port each request (up to an empty line) comes back; after one that begins with "close" the server
@@ -125,12 +122,13 @@ struct FilesCase {
 };
 
 struct ShellCase : FilesCase {
-  bool Opened(const std::wstring& path) const { return shell.opened == Texts{path}; }
-  bool Shown() const { return shell.shown.size() == 1 && FolderPart(shell.shown[0]) == folder + L"\\"; }
+  bool Opened() const { return shell.opened == Texts{path}; }
+  bool Shown() const { return shell.shown == Texts{path}; }
   std::wstring Copied() const { return shell.copied; }
 
   FakeEvents events;
   FakeShell shell{files};
+  std::wstring name = L"of the 1st album.ini", path = folder + L"\\" + name;
 };
 
 struct SocketCase {

@@ -43,20 +43,8 @@ bool FilesCase::AddLink(const std::wstring& path) {
   return CreateSymbolicLinkW(path.c_str(), L"..", SYMBOLIC_LINK_FLAG_DIRECTORY) != 0 && files.Find(path);
 }
 
-// In the keys of all users: Wine looks nowhere else.
-ShellCase::ShellCase() {
-  RegSetKeyValueW(HKEY_CLASSES_ROOT, L".contract", nullptr, REG_SZ, L"contract", 18);
-  constexpr wchar_t kCommand[] = L"cmd.exe /c copy \"%1\" \"%1.opened\"";
-  RegSetKeyValueW(HKEY_CLASSES_ROOT, L"contract\\shell\\open\\command", nullptr, REG_SZ, kCommand, sizeof kCommand);
-}
-
-ShellCase::~ShellCase() {
-  RegDeleteTreeW(HKEY_CLASSES_ROOT, L".contract");
-  RegDeleteTreeW(HKEY_CLASSES_ROOT, L"contract");
-}
-
-bool ShellCase::Shown() const {
-  const HWND window = FindWindowW(nullptr, folder.substr(folder.rfind(L'\\') + 1).c_str());
+bool CloseTitled(const std::wstring& title) {
+  const HWND window = FindWindowW(nullptr, title.c_str());
   return window != nullptr && PostMessageW(window, WM_CLOSE, 0, 0);
 }
 

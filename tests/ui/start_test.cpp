@@ -57,9 +57,7 @@ TEST_F(StartTest, TurnsDarkAndLightWithTheSystem) {
   program.Window("Choixrecoldir");
   for (const DWORD light : {0UL, 1UL}) {
     RegSetKeyValueW(HKEY_CURRENT_USER, kThemes, L"AppsUseLightTheme", REG_DWORD, &light, sizeof light);
-    for (const char* form : {"tagrix", "Choixrecoldir"}) {
-      SendMessageW(program.Window(form), WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"ImmersiveColorSet"));
-    }
+    SendMessageW(HWND_BROADCAST, WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"ImmersiveColorSet"));
     for (const char* name : {"tagrix", "mp3_lst", "artist_txt", "Choixrecoldir", "file_lst"}) {
       EXPECT_TRUE(Until([&] { return IsDark(program.Window(name)) == (light == 0); })) << name << light;
     }
