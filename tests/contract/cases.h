@@ -55,13 +55,12 @@ struct FilesCase {
 bool CloseTitled(const std::wstring& title);
 
 struct ShellCase : FilesCase {
-  bool Opened() const { return CloseTitled(name + L" - Notepad"); }
+  static bool Opened(const std::wstring& name) { return CloseTitled(name + L" - Notepad"); }
   bool Shown() const { return CloseTitled(folder.substr(folder.rfind(L'\\') + 1)); }
   static std::wstring Copied();
 
   WinEventLoop events;
   WinShell shell;
-  std::wstring name = L"of the 1st album.ini", path = folder + L"\\" + name;
 };
 
 // At the echoing port each request (up to an empty line) comes back; after one that begins with "close" the server
@@ -122,13 +121,12 @@ struct FilesCase {
 };
 
 struct ShellCase : FilesCase {
-  bool Opened() const { return shell.opened == Texts{path}; }
-  bool Shown() const { return shell.shown == Texts{path}; }
+  bool Opened(const std::wstring& name) const { return shell.opened == Texts{folder + L"\\" + name}; }
+  bool Shown() const { return shell.shown == shell.opened; }
   std::wstring Copied() const { return shell.copied; }
 
   FakeEvents events;
   FakeShell shell{files};
-  std::wstring name = L"of the 1st album.ini", path = folder + L"\\" + name;
 };
 
 struct SocketCase {

@@ -61,21 +61,18 @@ TEST(CodePageContract, MeetsTextAndBytes) {
   EXPECT_TRUE(page.DecimalSeparator() == L'.' || page.DecimalSeparator() == L',');
 }
 
-TEST(ShellContract, OpensAndShowsWhatIsThere) {
+TEST(ShellContract, OpensAndShowsWhatIsThereAndCopiesTexts) {
   ShellCase test;
-  for (const std::wstring& bad : {std::wstring(), test.name, test.path}) {
+  const std::wstring name = L"of the 1st album.ini", path = test.folder + L"\\" + name;
+  for (const std::wstring& bad : {std::wstring(), name, path}) {
     EXPECT_FALSE(test.shell.OpenFile(bad) || test.shell.ShowInFolder(bad));
   }
-  test.files.Create(test.path);
-  EXPECT_TRUE(test.shell.OpenFile(test.path) && test.shell.ShowInFolder(test.path));
+  test.files.Create(path);
+  EXPECT_TRUE(test.shell.OpenFile(path) && test.shell.ShowInFolder(path));
   EXPECT_TRUE(Until(
-      test.events, [&] { return test.Opened(); }, 30'000));
+      test.events, [&] { return test.Opened(name); }, 30'000));
   EXPECT_TRUE(Until(
       test.events, [&] { return test.Shown(); }, 30'000));
-}
-
-TEST(ShellContract, CopiesATextInThePlaceOfTheLast) {
-  ShellCase test;
   for (const wchar_t* text : {L"01 - Caf\u00E9 \x0416.mp3\r\n02.mp3", L"02"}) {
     test.shell.CopyText(text);
     EXPECT_EQ(test.Copied(), text);

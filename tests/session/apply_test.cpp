@@ -267,7 +267,6 @@ TEST_F(ApplySession, AFileWhoseTagIsHalfWrittenKeepsItsName) {
   ApplyAll();
   EXPECT_EQ(diary.entries, Texts{L"not tagged a.mp3 > C:\\M\\Live\\a.mp3"});
   EXPECT_EQ(OnDisk(), (Texts{L"02 Two.mp3", L"a.mp3", L"tagrix.journal"}));
-  EXPECT_TRUE(Content(L"a.mp3") != before);
 }
 
 TEST_F(ApplySession, PutsNamesOutsideTheCodePageIntoAPlaylistInUtf8) {

@@ -221,10 +221,9 @@ std::string Repeated(const std::string& text, std::size_t times) {
 
 TEST(MusicBrainzJson, WhatNobodyWouldSayIsRefused) {
   const std::string deep(100'000, '['), megabytes(20'000'000, '7');
-  for (const std::string& json :
-       {deep, R"({"media":)" + deep, Repeated(R"({"a":)", 100'000), "[" + megabytes + "]",
-        "{\"title\":\"" + megabytes + "\"}", std::string(R"({"id":1e999})"), std::string("{\"title\":\"\xff\"}"),
-        std::string("7"), std::string("\"releases\""), kRelease.substr(0, kRelease.size() - 2)}) {
+  for (const std::string& json : {deep, R"({"media":)" + deep, Repeated(R"({"a":)", 100'000), "[" + megabytes + "]",
+                                  std::string(R"({"id":1e999})"), std::string("{\"title\":\"\xff\"}"), std::string("7"),
+                                  std::string("\"releases\""), kRelease.substr(0, kRelease.size() - 2)}) {
     EXPECT_FALSE(ParseReply(json, kGoOn)) << json.substr(0, 40);
   }
 }

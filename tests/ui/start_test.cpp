@@ -8,13 +8,12 @@ namespace {
 
 using StartTest = UiTest;
 
-// Whether it is dark where a window has its lower left corner on the screen.
+// Whether it is dark where a window has its lower left corner on the screen, a few pixels within.
 bool IsDark(HWND window) {
-  constexpr int kInside = 8;
   RECT area;
   GetWindowRect(window, &area);
   const HDC screen = GetDC(nullptr);
-  const COLORREF colour = GetPixel(screen, area.left + kInside, area.bottom - kInside);
+  const COLORREF colour = GetPixel(screen, area.left + 8, area.bottom - 8);
   ReleaseDC(nullptr, screen);
   return GetGValue(colour) < 0x80;
 }
