@@ -242,7 +242,7 @@ TEST(MusicBrainzJson, ThereIsRoomForSoMuchAndNoMore) {
                {R"({"media":[{"tracks":[{})", R"(,{"title":"T"})", "]}]}", 99'999}};
   for (const auto& [start, piece, end, most, closing] : table) {
     for (const std::size_t count : {most, most + 1}) {
-      const std::string json = start + Repeated(piece, count) + end + Repeated(closing, count);
+      const auto json = std::string(start).append(Repeated(piece, count)).append(end).append(Repeated(closing, count));
       EXPECT_EQ(ParseReply(json, kGoOn).has_value(), count == most) << start << piece << " " << count;
     }
   }
