@@ -64,11 +64,6 @@ void Mouse(POINT point, DWORD event) {
   Send(input);
 }
 
-void ClickAt(POINT point) {
-  Mouse(point, MOUSEEVENTF_LEFTDOWN);
-  Mouse(point, MOUSEEVENTF_LEFTUP);
-}
-
 void Activate(HWND window) {
   const HWND form = GetAncestor(window, GA_ROOT);
   SetForegroundWindow(form);
@@ -81,6 +76,15 @@ bool IsHeld(HWND button) {
   info.cbSize = sizeof info;
   return GetGUIThreadInfo(GetWindowThreadProcessId(button, nullptr), &info) && info.hwndCapture == button;
 }
+
+}  // namespace
+
+void ClickAt(POINT point) {
+  Mouse(point, MOUSEEVENTF_LEFTDOWN);
+  Mouse(point, MOUSEEVENTF_LEFTUP);
+}
+
+namespace {
 
 // The focus that a new form takes when it has appeared ends a click that has just begun: then it is made again.
 void ClickMiddle(HWND window) {

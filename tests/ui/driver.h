@@ -75,6 +75,8 @@ class Program {
   DWORD id_ = 0;
 };
 
+// A real click on the screen.
+void ClickAt(POINT point);
 // Keys to whatever has the keyboard.
 void Type(const std::wstring& text);
 void Press(WORD key, WORD held = 0);

@@ -18,6 +18,11 @@ bool IsDark(HWND window) {
   return GetGValue(colour) < 0x80;
 }
 
+BOOL CALLBACK CountWindow(HWND /*window*/, LPARAM count) {
+  ++*reinterpret_cast<int*>(count);
+  return TRUE;
+}
+
 TEST_F(StartTest, ShowsEachPageAtAClick) {
   const Program& program = Start();
   // A control of each page, in the order of the buttons.
@@ -35,6 +40,24 @@ TEST_F(StartTest, ShowsEachPageAtAClick) {
   }
   program.Close("tagrix");
   EXPECT_TRUE(program.Ends());
+}
+
+// The program makes the window of a control that a test asks for: so here is clicked where it is drawn.
+TEST_F(StartTest, WhatIsOnlyDrawnWorksAtTheFirstTouch) {
+  const Program& program = Start();
+  const HWND form = program.Window("tagrix");
+  const auto windows = [form] {
+    int count = 0;
+    EnumChildWindows(form, CountWindow, reinterpret_cast<LPARAM>(&count));
+    return count;
+  };
+  RECT first;
+  GetWindowRect(program.Window("page_btn0"), &first);
+  EXPECT_LT(windows(), 10);
+  ClickAt({first.right + 40, first.bottom - 10});
+  EXPECT_TRUE(Until([&] { return program.Shows("lister_input_txt"); }));
+  Press(VK_TAB);
+  EXPECT_TRUE(Until([&] { return windows() > 20; })) << windows();
 }
 
 TEST_F(StartTest, AsksOverTheWindowWhenTheBurningProgramIsMissing) {
