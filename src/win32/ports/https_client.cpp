@@ -163,7 +163,6 @@ void WinHttpsClient::TakePiece(std::size_t size) {
     return End(cut ? HttpsAnswer::End::NotReached : HttpsAnswer::End::Complete);
   }
   answer_.body.append(desk_->piece, size);
-  if (answer_.body.size() == announced_) return End(HttpsAnswer::End::Complete);
   ReadOn();
 }
 

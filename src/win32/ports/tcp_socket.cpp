@@ -96,7 +96,6 @@ void WinTcpSocket::Handle(UINT message, LPARAM l) {
       break;
     case FD_READ:
       Receive();
-      LookAgain();  // at the end, which often comes along; its own notice comes later
       break;
     case FD_WRITE:
     case kSend:
