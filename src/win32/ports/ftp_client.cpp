@@ -9,11 +9,11 @@
 #include <iterator>
 #include <mutex>
 #include <string_view>
-#include <thread>
 #include <utility>
 #include <vector>
 
 #include "base/publisher.h"
+#include "win32/ports/background.h"
 #include "win32/ports/native_path.h"
 #include "win32/ports/unique.h"
 
@@ -169,7 +169,7 @@ void WinFtpClient::Download(const FtpRequest& request) {
   transfer_ = std::make_shared<Transfer>(request, window_.Handle(), Message());
   lastSign_ = GetTickCount64();
   SetTimer(window_.Handle(), 1, 500, nullptr);
-  std::thread([transfer = transfer_] { transfer->Run(); }).detach();
+  RunInBackground([transfer = transfer_] { transfer->Run(); });
 }
 
 void WinFtpClient::Close() {

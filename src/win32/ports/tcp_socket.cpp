@@ -2,7 +2,7 @@
 
 #include <ws2tcpip.h>
 
-#include <thread>
+#include "win32/ports/background.h"
 
 namespace tagrix {
 namespace {
@@ -54,10 +54,10 @@ void WinTcpSocket::Connect(const std::wstring& host, int port) {
   addresses_ = std::make_shared<Addresses>(LookUp(host, port, AI_NUMERICHOST));
   if (!addresses_->empty() || host.empty()) return Post(kLookedUp);
   // The thread may outlive this object; its message then goes nowhere.
-  std::thread([addresses = addresses_, host, port, window = window_.Handle(), message = Message()] {
+  RunInBackground([addresses = addresses_, host, port, window = window_.Handle(), message = Message()] {
     *addresses = LookUp(host, port, 0);
     PostMessageW(window, message, 0, kLookedUp);
-  }).detach();
+  });
 }
 
 void WinTcpSocket::Close() {
