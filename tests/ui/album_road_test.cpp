@@ -40,6 +40,7 @@ TEST_F(AlbumRoadTest, NamesAndTagsAnAlbumAndTakesItBack) {
   Picture(" 3 results");
   Press(VK_RETURN);  // the first hit is selected
   ASSERT_TRUE(Until([&] { return program.Rows("mp3_lst", kTrack)[1] == L"[02] Tin Roof Rain"; }));
+  ASSERT_TRUE(Until([&] { return program.Enabled("go_btn"); }));  // no longer busy
   EXPECT_EQ(program.Text("artist_txt"), L"The Paper Lanterns ");
   EXPECT_EQ(program.Text("album_txt"), L"Harbour Lights");
   Picture(" 4 disc");

@@ -55,7 +55,7 @@ TEST_F(PicturesTest, DISABLED_OfEveryPageAndDialog) {
   ASSERT_TRUE(Until([&] { return !program.Rows("resalb_lst").empty(); }));
   program.ClickRow("resalb_lst", 0);
   program.Click("fetch_btn");
-  ASSERT_TRUE(Until([&] { return program.Enabled("apply_btn"); }));
+  ASSERT_TRUE(Until([&] { return program.Enabled("apply_btn") && program.Enabled("go_btn"); }));
   program.Click("apply_btn");
   program.Window("question");
   Keep("question", "question");

@@ -84,7 +84,8 @@ const Program& AlbumTest::StartWithDisc(const std::wstring& words) {
   Press(VK_RETURN);
   EXPECT_TRUE(Until([&] { return program.HasKeyboard("resalb_lst"); }));
   Press(VK_RETURN);
-  EXPECT_TRUE(Until([&] { return program.Enabled("apply_btn"); }));
+  // The one that is there at last, and the one that is closed as long as the program is busy.
+  EXPECT_TRUE(Until([&] { return program.Enabled("apply_btn") && program.Enabled("go_btn"); }));
   return program;
 }
 
