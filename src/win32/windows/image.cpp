@@ -14,7 +14,7 @@
 namespace tagrix {
 namespace {
 
-constexpr BYTE kFaded = 90;  // of 255
+constexpr BYTE kFaded = 120;  // of 255
 
 namespace flat = Gdiplus::DllExports;
 
