@@ -22,7 +22,6 @@ class Handler(http.server.BaseHTTPRequestHandler):
     timeout = PATIENCE
 
     def do_GET(self):
-        self.close_connection = True
         path = self.path.split("?")[0]
         if path == "/missing":
             self.answer(404, b"nothing here")
@@ -50,6 +49,7 @@ class Handler(http.server.BaseHTTPRequestHandler):
 
     def answer(self, status, body, header=None):
         self.send_response(status)
+        self.send_header("Connection", "close")  # or the client may send its next request on it
         if header:
             self.send_header(*header)
         if not header or header[0] in ("Location", "Retry-After"):
