@@ -1,4 +1,5 @@
 // The program starts, switches its pages, refuses to start without its files, and closes.
+#include <bit>
 #include <fstream>
 
 #include "ui/ui_fixture.h"
@@ -19,7 +20,7 @@ bool IsDark(HWND window) {
 }
 
 BOOL CALLBACK CountWindow(HWND /*window*/, LPARAM count) {
-  ++*reinterpret_cast<int*>(count);
+  ++*std::bit_cast<int*>(count);
   return TRUE;
 }
 
