@@ -48,6 +48,7 @@ MainWindow::MainWindow(Context& shared) : context(shared) {
   form.caption = publisher::kProduct;
   form.startSize = {1000, 700};
   form.layout = Layout();
+  form.firstFocus = context.page_btn.data();
   for (std::size_t i = 0; i < workfrm.size(); ++i) {
     const int page = static_cast<int>(i);
     context.page_btn[i].clicked = Command(context, [this, page] { ShowPage(page); });

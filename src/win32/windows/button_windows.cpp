@@ -3,9 +3,7 @@
 namespace tagrix {
 
 ButtonWindow::ButtonWindow(const Site& site, const Control& control, DWORD style)
-    : Binding(site, control, {WC_BUTTONW, style}), control_(control) {
-  Subclass();
-}
+    : Binding(site, control, {WC_BUTTONW, style}), control_(control) {}
 
 void ButtonWindow::Update(Changes changes) {
   if (changes.Has(Change::Text) || changes.Has(Change::Look)) ShowText(Caption());
@@ -14,11 +12,6 @@ void ButtonWindow::Update(Changes changes) {
     SendMessageW(Window(), BM_SETCHECK, static_cast<WPARAM>(state), 0);
   }
   InvalidateRect(Window(), nullptr, FALSE);
-}
-
-LRESULT ButtonWindow::Message(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCPAINT) return 0;  // it has no border, and the system takes long to find that out
-  return Binding::Message(message, wParam, lParam);
 }
 
 PushButton::PushButton(const Site& site, Button& button, bool isDefault)

@@ -12,9 +12,6 @@ class ButtonWindow : public Binding {
   ButtonWindow(const Site& site, const Control& control, DWORD style);
   void Update(Changes changes) override;
 
- protected:
-  LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
-
  private:
   virtual const std::wstring& Caption() const { return control_.Text(); }
   virtual bool Checked() const { return false; }

@@ -46,7 +46,9 @@ FormContent::FormContent(HWND window, Form& form, int dpi)
       form_(form),
       fonts_(std::make_unique<Fonts>(dpi)),
       slots_(form.layout, *this),
-      tooltips_(window) {}
+      tooltips_(window) {
+  if (form.firstFocus != nullptr) slots_.Of(*form.firstFocus).wanted = true;
+}
 
 void FormContent::SetFonts(int dpi) {
   auto fonts = std::make_unique<Fonts>(dpi);

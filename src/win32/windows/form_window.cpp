@@ -99,19 +99,9 @@ FormWindow* FormWindow::Around(HWND window) {
 }
 
 void FormWindow::Show() {
-  if (owner_ != nullptr) {
-    EnableWindow(owner_, FALSE);
-    Fill();
-    ShowWindow(window_, SW_SHOW);
-  } else {
-    // Before its controls are made: the user sees sooner that the program comes. They are painted together, once all
-    // are there, which is much quicker than one by one.
-    ShowWindow(window_, form_.maximised ? SW_SHOWMAXIMIZED : SW_SHOWDEFAULT);
-    SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
-    Fill();
-    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-    content_->Repaint();
-  }
+  if (owner_ != nullptr) EnableWindow(owner_, FALSE);
+  Fill();
+  ShowWindow(window_, owner_ != nullptr ? SW_SHOW : form_.maximised ? SW_SHOWMAXIMIZED : SW_SHOWDEFAULT);
   content_->SetFocusTo(form_.firstFocus);
   UpdateWindow(window_);
 }
