@@ -117,8 +117,10 @@ class Drawing : public ControlVisitor {
     Ellipse(dc_, circle.left + by, circle.top + by, circle.right - by + 1, circle.bottom - by + 1);
   }
 
-  // The text is up to its window.
-  void Visit(TextBox& box) override { DrawBox(state_.enabled && !box.ReadOnly()); }
+  void Visit(TextBox& box) override {
+    DrawBox(state_.enabled && !box.ReadOnly());
+    Write(dc_, box.Text(), NativeRect(InsideBox(box, state_.rect, fonts_)), DT_SINGLELINE | DT_NOPREFIX);
+  }
   void Visit(ListBox& list) override {
     DrawBox(true);
     if (list.Count() == 0)

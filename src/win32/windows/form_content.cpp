@@ -36,7 +36,7 @@ bool IsFrame(const Control& control) { return dynamic_cast<const Frame*>(&contro
 // Whether the form can draw the control as it is until the user comes to it.
 bool CanWait(const Control& control) {
   if (const auto* list = dynamic_cast<const ListBox*>(&control)) return list->Count() == 0 && list->Columns().empty();
-  return HasDrawnFace(control) || (dynamic_cast<const TextBox*>(&control) != nullptr && control.Text().empty());
+  return HasDrawnFace(control) || dynamic_cast<const TextBox*>(&control) != nullptr;
 }
 
 }  // namespace
