@@ -54,9 +54,15 @@ class WinFtpClient::Transfer {
     }
     const std::lock_guard lock(mutex_);
     if (aborted_) return;
-    if (complete) GoesWhenClosed(file_.Get(), false);
-    file_.Reset();
+    if (!complete) file_.Reset();
     PostMessageW(window_, message_, complete ? kComplete : kFailed, 0);
+  }
+
+  // In the window's thread: the file is whole and stays. Not before, as an end that comes in between removes it.
+  void Keep() {
+    const std::lock_guard lock(mutex_);
+    GoesWhenClosed(file_.Get(), false);
+    file_.Reset();
   }
 
   // Lets go of the local file, which is removed unless it is whole. The thread itself lets go of the server when the
@@ -195,6 +201,7 @@ void WinFtpClient::Handle(UINT message, WPARAM w) {
     const auto [done, total] = transfer_->TakeProgress();
     if (done > 0 && progress) progress(done, total);
   } else {
+    if (w == kComplete) transfer_->Keep();
     End(w == kComplete);
   }
 }
