@@ -223,6 +223,11 @@ bool HasDrawnFace(const Control& control) {
          dynamic_cast<const OptionButton*>(&control) != nullptr;
 }
 
+bool CanWait(const Control& control) {
+  if (const auto* list = dynamic_cast<const ListBox*>(&control)) return list->Count() == 0 && list->Columns().empty();
+  return HasDrawnFace(control) || dynamic_cast<const TextBox*>(&control) != nullptr;
+}
+
 bool HasBox(const Control& control) {
   return dynamic_cast<const TextBox*>(&control) != nullptr || dynamic_cast<const ListBox*>(&control) != nullptr ||
          dynamic_cast<const TreeBox*>(&control) != nullptr;

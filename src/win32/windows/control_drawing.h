@@ -30,6 +30,8 @@ void DrawControl(HDC dc, Control& control, const DrawnState& state, const Look& 
 
 // Whether the form draws the face of the control's window, which is a button.
 bool HasDrawnFace(const Control& control);
+// Whether the form can draw the control as it is until the user comes to it.
+bool CanWait(const Control& control);
 // Whether the form draws a box around the control's window.
 bool HasBox(const Control& control);
 // The place of the control's window within the control's.

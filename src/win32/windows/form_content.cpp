@@ -33,12 +33,6 @@ bool ChangesLayout(const Control& control, Changes changes) {
 bool IsDropDown(const Control& control) { return dynamic_cast<const ComboBox*>(&control) != nullptr; }
 bool IsFrame(const Control& control) { return dynamic_cast<const Frame*>(&control) != nullptr; }
 
-// Whether the form can draw the control as it is until the user comes to it.
-bool CanWait(const Control& control) {
-  if (const auto* list = dynamic_cast<const ListBox*>(&control)) return list->Count() == 0 && list->Columns().empty();
-  return HasDrawnFace(control) || dynamic_cast<const TextBox*>(&control) != nullptr;
-}
-
 }  // namespace
 
 FormContent::FormContent(HWND window, Form& form, int dpi)

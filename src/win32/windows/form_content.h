@@ -40,7 +40,7 @@ class FormContent : public ControlObserver {
   bool Flush();
   // Puts every window in its place.
   void Place();
-  // Has everything painted anew, borders included.
+  // Has everything painted anew.
   void Repaint() const;
   // Draws the ground and what has no window.
   void Paint(HDC dc, const RECT& area);
