@@ -40,6 +40,7 @@ FormContent::FormContent(HWND window, Form& form, int dpi)
       form_(form),
       fonts_(std::make_unique<Fonts>(dpi)),
       slots_(form.layout, *this),
+      focus_(window, slots_, [this](Slot& slot) { return Touch(slot); }),
       tooltips_(window) {
   if (form.firstFocus != nullptr) slots_.Of(*form.firstFocus).wanted = true;
 }
@@ -64,7 +65,7 @@ void FormContent::SetPalette() {
 void FormContent::Changed(Control& control, Change change) {
   // Who is given the keyboard is waited for by the user, so it doesn't wait for its turn.
   const bool awaited = change == Change::Focus;
-  if (awaited) wanted_ = &control;
+  if (awaited) focus_.Want(control);
   slots_.Of(control).changes.Add(change);
   if (std::exchange(flushPending_, true) && !awaited) return;
   const ULONGLONG since = GetTickCount64() - flushed_;
@@ -284,8 +285,8 @@ void FormContent::Place() {
   // Disabled before they appear.
   const HWND lost = Enable(places);
   EndDeferWindowPos(moves);
-  if (lost != nullptr) ReplaceFocus(lost);
-  GiveFocusBack();
+  if (lost != nullptr) focus_.Replace(lost);
+  focus_.GiveBack();
 }
 
 // Moves what isn't where it belongs; `after` gives the place in the tab order, null leaves it.
@@ -321,45 +322,6 @@ HWND FormContent::Enable(const std::vector<Placement>& places) {
     slot.enabled = place.enabled;
   }
   return focusLost ? focus : nullptr;
-}
-
-void FormContent::ReplaceFocus(HWND lost) {
-  SetFocusTo(nullptr);
-  if (lostFocus_ == nullptr || lost != standIn_) lostFocus_ = lost;
-  standIn_ = GetFocus();
-}
-
-void FormContent::GiveFocusBack() {
-  const HWND focus = GetFocus();
-  if (focus != standIn_ && IsChild(window_, focus)) lostFocus_ = nullptr;  // the user has gone on
-  if (focus != standIn_ || lostFocus_ == nullptr || !IsWindowEnabled(lostFocus_) || !IsWindowVisible(lostFocus_))
-    return;
-  SetFocus(std::exchange(lostFocus_, nullptr));
-}
-
-void FormContent::GiveWantedFocus() {
-  if (wanted_ == nullptr) return;
-  const Slot& slot = slots_.Of(*std::exchange(wanted_, nullptr));
-  if (slot.Usable() && GetActiveWindow() == window_) SetFocusTo(slot.control);
-}
-
-void FormContent::SetFocusTo(const Control* control) {
-  HWND target = control == nullptr ? nullptr : Touch(slots_.Of(*control));
-  if (target == nullptr) {
-    Slot* first = slots_.FirstStop();
-    target = first == nullptr ? window_ : Touch(*first);
-  }
-  SetFocus(target);
-  const Slot* slot = slots_.Of(target);
-  if (slot != nullptr && dynamic_cast<const TextBox*>(slot->control) != nullptr) {
-    SendMessageW(target, EM_SETSEL, 0, -1);
-  }
-}
-
-bool FormContent::FollowAccessKey(wchar_t key) {
-  const Slot* slot = slots_.WithAccessKey(key);
-  if (slot != nullptr) SetFocusTo(slot->control);
-  return slot != nullptr;
 }
 
 void FormContent::Press(Button& button) {

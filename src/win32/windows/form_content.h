@@ -13,6 +13,7 @@
 #include "win32/windows/control_drawing.h"
 #include "win32/windows/control_slots.h"
 #include "win32/windows/fonts.h"
+#include "win32/windows/form_focus.h"
 #include "win32/windows/form_tooltips.h"
 #include "win32/windows/palette.h"
 
@@ -61,17 +62,7 @@ class FormContent : public ControlObserver {
   // A window has got or lost the keyboard.
   void FocusChanged(HWND window) const;
 
-  // Gives the keyboard to the control, or to the first that takes it.
-  void SetFocusTo(const Control* control);
-  // Likewise, for a window that can't have it any more.
-  void ReplaceFocus(HWND lost);
-  // Gives it back to the control that lost it by being disabled or hidden, unless the user has gone on meanwhile.
-  void GiveFocusBack();
-  // Gives it to the control that has asked for it last.
-  void GiveWantedFocus();
-  // Gives it to the control whose label, or to the first within the frame whose title has this access key; false when
-  // there is none. The system looks after the keys of windows.
-  bool FollowAccessKey(wchar_t key);
+  FormFocus& Focus() { return focus_; }
   // Clicks the button if the user could.
   void Press(Button& button);
   // The binding of a control's window; null for other windows (the parts of combo boxes).
@@ -108,14 +99,12 @@ class FormContent : public ControlObserver {
   UniqueBrush ground_{CreateSolidBrush(palette_.ground)}, field_{CreateSolidBrush(palette_.field)};
   Images images_;
   ControlSlots slots_;
+  FormFocus focus_;
   FormTooltips tooltips_;
   bool placed_ = false;     // once
   bool described_ = false;  // stand-ins are made
   bool flushPending_ = false;
-  ULONGLONG flushed_ = 0;            // ticks
-  HWND lostFocus_ = nullptr;         // had the keyboard when it was disabled or hidden
-  HWND standIn_ = nullptr;           // has it meanwhile
-  const Control* wanted_ = nullptr;  // has asked for it
+  ULONGLONG flushed_ = 0;  // ticks
 };
 
 }  // namespace tagrix

@@ -102,7 +102,7 @@ void FormWindow::Show() {
   if (owner_ != nullptr) EnableWindow(owner_, FALSE);
   Fill();
   ShowWindow(window_, owner_ != nullptr ? SW_SHOW : form_.maximised ? SW_SHOWMAXIMIZED : SW_SHOWDEFAULT);
-  content_->SetFocusTo(form_.firstFocus);
+  content_->Focus().SetTo(form_.firstFocus);
   UpdateWindow(window_);
 }
 
@@ -171,7 +171,7 @@ void FormWindow::Flush() {
     GrowToLeast();
     Place();
   }
-  content_->GiveWantedFocus();
+  content_->Focus().GiveWanted();
 }
 
 void FormWindow::NewFonts(int dpi) {
@@ -205,7 +205,8 @@ bool FormWindow::TakeKey(MSG& message) {
   if (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) content_->TouchAll();
   // Without Alt a letter is no access key here: a stray one must not start anything.
   if (message.message == WM_CHAR && owner_ == nullptr) return false;
-  if (message.message == WM_SYSCHAR && content_->FollowAccessKey(ToLower(static_cast<wchar_t>(message.wParam)))) {
+  if (message.message == WM_SYSCHAR &&
+      content_->Focus().FollowAccessKey(ToLower(static_cast<wchar_t>(message.wParam)))) {
     return true;
   }
   if (message.message == WM_KEYDOWN && FollowFormKey(message.wParam)) return true;
@@ -333,15 +334,10 @@ LRESULT FormWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       NewPalette();
       break;
     case WM_ACTIVATE:
-      if (LOWORD(wParam) == WA_INACTIVE && IsChild(window_, GetFocus())) lastFocus_ = GetFocus();
+      if (LOWORD(wParam) == WA_INACTIVE) content_->Focus().Leave();
       break;
     case WM_SETFOCUS:
-      if (IsWindowEnabled(lastFocus_) && IsWindowVisible(lastFocus_)) {
-        SetFocus(lastFocus_);
-      } else {
-        content_->ReplaceFocus(lastFocus_);
-      }
-      content_->GiveFocusBack();
+      content_->Focus().Return();
       return 0;
     case WM_CLOSE:
       if (IsWindowEnabled(window_)) form_.RequestClose();

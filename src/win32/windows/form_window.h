@@ -62,9 +62,8 @@ class FormWindow {
   std::unique_ptr<FormContent> content_;
   TaskbarProgress taskbar_;
   std::wstring caption_;
-  std::wstring tooltip_;      // the text handed out last
-  bool filled_ = false;       // the controls are made
-  HWND lastFocus_ = nullptr;  // where the keyboard was when another window became active
+  std::wstring tooltip_;  // the text handed out last
+  bool filled_ = false;   // the controls are made
   std::exception_ptr failure_;
   bool woken_ = false;
 };

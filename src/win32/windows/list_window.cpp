@@ -13,8 +13,6 @@
 namespace tagrix {
 namespace {
 
-constexpr UINT_PTR kDragTimer = 1;
-constexpr UINT kDragStep = 60;  // milliseconds between rows while the pointer is beyond the edge
 constexpr UINT kTakeSelection = WM_APP + 1;
 
 bool HasTitles(const ListBox& list) {
@@ -32,7 +30,7 @@ bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
 }  // namespace
 
 ListWindow::ListWindow(const Site& site, ListBox& list)
-    : Binding(site, list, {WC_LISTVIEWW, Style(list)}), list_(list) {
+    : Binding(site, list, {WC_LISTVIEWW, Style(list)}), list_(list), drag_(Window(), list) {
   Ask(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
   Subclass();
 }
@@ -188,7 +186,8 @@ std::optional<LRESULT> ListWindow::Notify(NMHDR& note) {
     case LVN_KEYDOWN:
       return KeyDown(reinterpret_cast<NMLVKEYDOWN&>(note).wVKey) ? 1 : 0;
     case LVN_BEGINDRAG:
-      BeginDrag(reinterpret_cast<NMLISTVIEW&>(note).iItem);
+      TakeSelection();
+      drag_.Begin(reinterpret_cast<NMLISTVIEW&>(note).iItem);
       return 0;
     default:
       return std::nullopt;
@@ -211,7 +210,7 @@ LRESULT ListWindow::Colour(NMLVCUSTOMDRAW& draw) const {
   const int row = static_cast<int>(draw.nmcd.dwItemSpec);
   if (draw.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT) FrameListRow(Window(), draw.nmcd.hdc, row, Colours(), *fonts_);
   if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || !IsRow(row)) return CDRF_DODEFAULT;
-  const LRESULT after = row == dragged_ ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
+  const LRESULT after = drag_.Drags(row) ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
   const Palette& colours = Colours();
   const RowMark mark = list_.mark ? list_.mark(row) : RowMark::None;
   draw.clrTextBk = colours.field;
@@ -266,7 +265,7 @@ bool ListWindow::KeyDown(UINT key) {
 }
 
 bool ListWindow::TakeKey(WPARAM key) {
-  if (key == VK_ESCAPE && dragged_ >= 0) return ReleaseCapture() != FALSE;
+  if (key == VK_ESCAPE && drag_.Cancel()) return true;
   if (key != VK_RETURN || !list_.doubleClicked) return false;
   TakeSelection();
   const int row = static_cast<int>(Ask(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
@@ -290,53 +289,12 @@ std::wstring ListWindow::TooltipHere() {
 
 // Another row has another tooltip.
 void ListWindow::Hover(POINT point) {
-  if (!list_.itemTooltips || std::exchange(hovered_, RowAt(point)) == hovered_) return;
+  if (!list_.itemTooltips || std::exchange(hovered_, RowAt(Window(), point)) == hovered_) return;
   SendMessageW(GetParent(Window()), kHideTooltip, 0, 0);
 }
 
-int ListWindow::RowAt(POINT point) const {
-  LVHITTESTINFO hit{};
-  hit.pt = point;
-  return static_cast<int>(Ask(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
-}
-
-void ListWindow::BeginDrag(int row) {
-  TakeSelection();
-  if (!list_.dragged || !IsRow(row)) return;
-  dragged_ = row;
-  InvalidateRect(Window(), nullptr, FALSE);
-  SetCapture(Window());
-  SetTimer(Window(), kDragTimer, kDragStep, nullptr);
-}
-
-void ListWindow::DragOn() {
-  POINT point;
-  GetCursorPos(&point);
-  ScreenToClient(Window(), &point);
-  RECT area;
-  GetClientRect(Window(), &area);
-  SetCursor(LoadCursorW(nullptr, IDC_SIZENS));
-
-  // Beyond the edge it goes on row by row.
-  const int top = static_cast<int>(Ask(LVM_GETTOPINDEX)), page = static_cast<int>(Ask(LVM_GETCOUNTPERPAGE));
-  int to = RowAt({std::clamp<LONG>(point.x, 1, area.right - 1), point.y});
-  if (point.y < area.top) to = top - 1;
-  if (point.y >= area.bottom) to = top + page;
-  to = to < 0 && point.y >= area.top ? list_.Count() - 1 : std::clamp(to, 0, list_.Count() - 1);
-  if (!IsRow(dragged_) || !IsRow(to) || to == dragged_) return;
-  const std::wstring text = list_.ItemText(dragged_);
-  list_.Drag(dragged_, to);
-  // It has not moved when the page refuses.
-  if (IsRow(to) && list_.ItemText(to) == text) dragged_ = to;
-}
-
-void ListWindow::EndDrag() {
-  dragged_ = -1;
-  InvalidateRect(Window(), nullptr, FALSE);
-  KillTimer(Window(), kDragTimer);
-}
-
 LRESULT ListWindow::Message(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (drag_.Take(message, wParam)) return 0;
   switch (message) {
     case kTakeSelection:
       TakeSelection();
@@ -379,21 +337,7 @@ LRESULT ListWindow::Message(UINT message, WPARAM wParam, LPARAM lParam) {
       list_.PressKey(wParam == VK_UP ? ListKey::MoveUp : ListKey::MoveDown);
       return 0;
     case WM_MOUSEMOVE:
-      if (dragged_ < 0) {
-        Hover({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
-        break;
-      }
-      DragOn();
-      return 0;
-    case WM_TIMER:
-      if (wParam != kDragTimer) break;
-      DragOn();
-      return 0;
-    case WM_LBUTTONUP:
-      if (dragged_ >= 0) ReleaseCapture();
-      break;
-    case WM_CAPTURECHANGED:
-      EndDrag();
+      Hover({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
       break;
     default:
       break;

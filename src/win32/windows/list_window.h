@@ -7,6 +7,7 @@
 
 #include "forms/lists.h"
 #include "win32/windows/binding.h"
+#include "win32/windows/list_drag.h"
 
 namespace tagrix {
 
@@ -46,18 +47,14 @@ class ListWindow : public Binding {
   bool KeyDown(UINT key);
 
   void Hover(POINT point);
-  int RowAt(POINT point) const;
   std::wstring CellText(int row, int column) const;
-  void BeginDrag(int row);
-  void DragOn();
-  void EndDrag();
 
   ListBox& list_;
   const Fonts* fonts_ = nullptr;
   bool showing_ = false;           // the window is being changed, not the user's choice
   bool selectionTouched_ = false;  // by the user, not yet taken over
   int shownCount_ = 0, shownFocus_ = -1;
-  int dragged_ = -1;   // the row that the pointer drags
+  ListDrag drag_;
   int hovered_ = -1;   // the row of the tooltip
   std::wstring cell_;  // the text handed out last
 };
