@@ -92,8 +92,9 @@ class WinFtpClient::Transfer {
       return false;
     ShowLife();
     total_ = AnnouncedSize(server.Get());
-    const UniqueInternet remote(FtpOpenFileW(server.Get(), request_.remoteFile.c_str(), GENERIC_READ,
-                                             FTP_TRANSFER_TYPE_BINARY | INTERNET_FLAG_RELOAD, 0));
+    constexpr DWORD kNoCopies = INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE;
+    const UniqueInternet remote(
+        FtpOpenFileW(server.Get(), request_.remoteFile.c_str(), GENERIC_READ, FTP_TRANSFER_TYPE_BINARY | kNoCopies, 0));
     if (!remote) return false;
     DWORD high = 0;
     const DWORD low = FtpGetFileSize(remote.Get(), &high);
