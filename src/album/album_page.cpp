@@ -13,7 +13,7 @@ constexpr int kHalf = 380;  // least width of the two halves, the same above and
 Node Labelled(Label& label, Control& field) { return Row({MinSize(44, 0, label), Stretch(1, field)}); }
 
 // A tick with a sample of what it makes.
-Node Sampled(CheckBox& option, Label& sample) { return Row({MinSize(150, 0, option), Stretch(1, sample)}); }
+Node Sampled(CheckBox& option, Label& sample) { return Row({MinSize(164, 0, option), Stretch(1, sample)}); }
 
 Node Results(AlbumPage& page) {
   const Node albums =

@@ -18,6 +18,7 @@
 namespace tagrix {
 namespace {
 
+constexpr int kContentWidth = 796, kContentHeight = 616;  // at the start
 constexpr std::uint64_t kRedrawEvery = 60;  // milliseconds: often enough to look alive, too seldom to cost time
 
 void transme(Statistics& window, Context& context) {
@@ -42,7 +43,7 @@ Node Layout(Statistics& window) {
   return Margin(
       kWideGap,
       Gap(kWideGap,
-          Column({Wrap(700, window.verdict_lbl), std::move(figures), window.how_lbl,
+          Column({Wrap(kContentWidth, window.verdict_lbl), std::move(figures), window.how_lbl,
                   Stretch(3, Framed(window.chart_frm, Column({Stretch(1, MinSize(700, 200, window.chart_pic))}))),
                   Stretch(2, MinSize(700, 150, window.places_lst)),
                   Row({MinSize(200, 0, window.measure_bar), Spacer(), window.ok_btn})})));
@@ -148,7 +149,7 @@ void ShowStatistics(Context& context, AlbumSession& session) {
   window.form.layout = Layout(window);
   window.form.defaultButton = window.form.cancelButton = &window.ok_btn;
   window.form.firstFocus = &window.places_lst;
-  window.form.startSize = {820, 640};
+  window.form.startSize = {kContentWidth + 2 * kWideGap, kContentHeight + 2 * kWideGap};
   ShowModal(context, window.form);
 }
 

@@ -74,7 +74,7 @@ void ShowComparison(ListBox& table, Context& context, const std::function<Compar
 
 void SetComparisonColumns(ListBox& table, Context& context, bool withNewName) {
   const std::wstring time = context.Text(message::kTimeColumn);
-  std::vector<ListColumn> columns{{L"#", 32, true}, {context.Text(message::kFileColumn), 0},
+  std::vector<ListColumn> columns{{L"#", 32},       {context.Text(message::kFileColumn), 0},
                                   {time, 48, true}, {context.Text(message::kTrackColumn), 0},
                                   {time, 48, true}, {context.Text(message::kDifferenceColumn), 124, true}};
   if (withNewName) columns.push_back({context.Text(message::kNameAfter), 0});

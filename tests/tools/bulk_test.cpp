@@ -73,6 +73,8 @@ TEST_F(Bulk, StartNeedsFilesAndARuleAndOppositesExclude) {
       EXPECT_TRUE(box->Checked() && first->Checked() != second->Checked());
     }
   }
+  TranslateBulkPage(page, context);
+  EXPECT_TRUE(page.merge_chk.Text().ends_with(L"AnOdeToNoOne ->  An Ode To No One)"));  // as ever, its counterpart's
   EXPECT_FALSE(page.bulk_go_btn.Enabled());
   files.Put(L"C:\\m\\b.ogg");
   prompts.openFiles = {L"C:\\m", {L"b.ogg"}};

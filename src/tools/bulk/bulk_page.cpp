@@ -9,7 +9,7 @@ namespace tagrix {
 namespace {
 
 // The same in every language, and with the example of its counterpart.
-constexpr const wchar_t* kMergeCaption = L"Merge title (ie : AnOdeToNoOne ->  An Ode To No One)";
+constexpr const wchar_t* kMergeCaption = L"Merge title (e.g. AnOdeToNoOne ->  An Ode To No One)";
 
 }  // namespace
 

@@ -50,6 +50,8 @@ class Drawing : public ControlVisitor {
       format |= DT_WORDBREAK | DT_EDITCONTROL;
     } else if (label.Style() == LabelStyle::Literal && label.Text().find(L'\n') == std::wstring::npos) {
       format |= DT_END_ELLIPSIS | DT_SINGLELINE;
+    } else {
+      format |= DT_NOCLIP;  // letters may reach a little beyond their measured width
     }
     const Selected font(dc_, label.Style() == LabelStyle::Heading ? fonts_.Heading() : fonts_.Normal());
     Write(dc_, label.Text(), area_, format);
@@ -197,7 +199,7 @@ class Drawing : public ControlVisitor {
     }
     RECT text = area_;
     text.left = box.right + fonts_.Pixels(4);
-    Write(dc_, control.Text(), text, DT_SINGLELINE | DT_VCENTER | Keys());
+    Write(dc_, control.Text(), text, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | Keys());
     if (state_.focused) DrawFocus(text, 0);
     return box;
   }

@@ -21,7 +21,8 @@ LRESULT DrawListTitle(const NMCUSTOMDRAW& draw, const std::vector<ListColumn>& c
   SetBkMode(draw.hdc, TRANSPARENT);
   SetTextColor(draw.hdc, colours.text);
   DrawTextW(draw.hdc, column.title.c_str(), static_cast<int>(column.title.size()), &area,
-            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | (column.alignRight ? DT_RIGHT : DT_LEFT));
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | DT_NOCLIP |
+                (column.alignRight ? DT_RIGHT : DT_LEFT));
   return CDRF_SKIPDEFAULT;
 }
 
