@@ -19,7 +19,7 @@ struct Autosort {
   OptionGroup methods;
   OptionButton fast_rdo{"fast_rdo", methods}, Q_rdo{"Q_rdo", methods};  // Q_rdo has no effect yet
   Button search_btn{"search_btn"}, ok_btn{"ok_btn"}, cancel_btn{"cancel_btn"};
-  ProgressBox cur_bar{"cur_bar"};
+  ProgressBox cur_bar{"cur_bar", false};
   Label cur_hst{"cur_hst", LabelStyle::Literal};
   Label how_lbl{"how_lbl", LabelStyle::Literal};  // how the files were measured
   ListBox lst{"lst"};                             // the files in the order found; value = milliseconds, 0 unknown

@@ -57,13 +57,16 @@ class Frame : public Control {
 
 class ProgressBox : public Control {
  public:
-  using Control::Control;
+  // `figure`: the percentage is written into it.
+  explicit ProgressBox(std::string name, bool figure = true) : Control(std::move(name)), figure_(figure) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
   int Percent() const { return percent_; }  // 0 to 100
   void SetPercent(int percent) { Set(percent_, std::clamp(percent, 0, 100), Change::Selection); }
+  bool HasFigure() const { return figure_; }
 
  private:
   int percent_ = 0;
+  bool figure_;
 };
 
 }  // namespace tagrix

@@ -25,7 +25,7 @@ struct BulkPage {
   OptionButton lc_rdo{"lc_rdo", cases}, uc_rdo{"uc_rdo", cases}, fluc_rdo{"fluc_rdo", cases};
 
   Button bulk_go_btn{"bulk_go_btn"}, bulk_undo_btn{"bulk_undo_btn"};
-  ProgressBox bulk_cur_bar{"bulk_cur_bar"};
+  ProgressBox bulk_cur_bar{"bulk_cur_bar", false};
   Label bulk_cur_hst{"bulk_cur_hst", LabelStyle::Literal};
 
   RenameJournal journal;  // full paths before the last run

@@ -77,7 +77,7 @@ class Drawing : public ControlVisitor {
     RECT done = inside;
     done.right = done.left + MulDiv(done.right - done.left, progress.Percent(), 100);
     Fill(dc_, done, colours_.accent);
-    if (progress.Percent() == 0) return;
+    if (progress.Percent() == 0 || !progress.HasFigure()) return;
     // Each half of the figure in the colour that stands out there.
     const std::wstring figure = std::to_wstring(progress.Percent()) + L" %";
     for (const bool within : {false, true}) {
