@@ -42,9 +42,14 @@ bool CleanEntry(BulkPage& page, Context& context, const CleaningRules& rules, in
   return true;
 }
 
+LongWork BulkWork(BulkPage& page, Context& context) {
+  return {
+      context, {&page.bulk_list_frm, &page.bulk_rules_frm, &page.bulk_go_btn}, page.bulk_cur_bar, &page.bulk_cur_hst};
+}
+
 // How many names the rules changed; less than 0 when the user cancelled.
 int CleanEntries(BulkPage& page, Context& context, const CleaningRules& rules) {
-  LongWork work(context, {&page.bulk_list_frm, &page.bulk_rules_frm}, page.bulk_cur_bar, &page.bulk_cur_hst);
+  LongWork work = BulkWork(page, context);
   const int count = page.bulk_lst.Count();
   int changed = 0;
   for (int i = 0; i < count; ++i) {
@@ -181,7 +186,7 @@ void RunBulkRename(BulkPage& page, Context& context) {
 void UndoBulkRename(BulkPage& page, Context& context) {
   Undone undone{};
   {
-    LongWork work(context, {&page.bulk_list_frm, &page.bulk_rules_frm}, page.bulk_cur_bar, &page.bulk_cur_hst);
+    LongWork work = BulkWork(page, context);
     UndoneEntries list(page, context);
     undone = UndoRenames(context.files, page.journal, list, work);
   }
