@@ -17,7 +17,6 @@ constexpr int kShortCaptions = 60, kLongCaptions = 140;
 Node Field(int captionWidth, Label& caption, Control& field) {
   return Row({MinSize(captionWidth, 0, caption), Stretch(1, field)});
 }
-Node ShortField(Label& caption, Control& field) { return Row({MinSize(kLongCaptions, 0, caption), field, Spacer()}); }
 
 std::wstring TokenLines(Context& context, int firstToken, std::initializer_list<int> messages) {
   std::wstring lines;
@@ -33,7 +32,7 @@ std::wstring TokenLines(Context& context, int firstToken, std::initializer_list<
 Node SetupLayout(SetupPage& page) {
   const auto indent = [](Node node) { return Row({MinSize(14, 0, Row({})), Stretch(1, std::move(node))}); };
   const Node names = Column({
-      Framed(page.setup_lngfrm, Column({page.setup_currentlng_lbl, page.setup_lngcmb})),
+      Framed(page.setup_lngfrm, Field(0, page.setup_currentlng_lbl, page.setup_lngcmb)),
       Framed(page.setup_renamer_frm, Column({Field(kShortCaptions, page.setup_choosepattern_lbl, page.setup_pat_cmb),
                                              indent(page.setup_pattern_lbl)})),
       Framed(page.setup_tags_frm,
@@ -53,11 +52,12 @@ Node SetupLayout(SetupPage& page) {
       Framed(page.setup_sources_frm,
              Column({Field(kLongCaptions, page.setup_musicbrainz_lbl, page.setup_musicbrainz_txt),
                      page.setup_contact_lbl, page.setup_contact_txt})),
-      Framed(page.setup_http_frm, Column({Field(kLongCaptions, page.setup_cgi_lbl, page.setup_cgi_txt),
-                                          ShortField(page.setup_httpport_lbl, page.setup_httpport_txt)})),
+      Framed(page.setup_http_frm, Row({Stretch(1, Field(kLongCaptions, page.setup_cgi_lbl, page.setup_cgi_txt)),
+                                       page.setup_httpport_lbl, page.setup_httpport_txt})),
       Framed(page.setup_proxy_frm,
-             Column({page.setup_proxy_chk, Field(kLongCaptions, page.setup_server_lbl, page.setup_proxyname_txt),
-                     ShortField(page.setup_proxyport_lbl, page.setup_proxyport_txt)})),
+             Column({page.setup_proxy_chk,
+                     Row({Stretch(1, Field(kLongCaptions, page.setup_server_lbl, page.setup_proxyname_txt)),
+                          page.setup_proxyport_lbl, page.setup_proxyport_txt})})),
       Spacer(),
       Row({Spacer(), page.setup_ok_btn}),
   });
