@@ -17,6 +17,7 @@ std::wstring Trim(std::wstring_view text) {
 
 std::wstring Replace(std::wstring_view text, std::wstring_view from, std::wstring_view to) {
   std::wstring result;
+  result.reserve(text.size());
   size_t start = 0;
   for (size_t at = text.find(from); at != text.npos; at = text.find(from, start)) {
     result.append(text, start, at - start).append(to);

@@ -35,9 +35,11 @@ bool CleanEntry(BulkPage& page, Context& context, const CleaningRules& rules, in
   if (!found || found->folder) return false;
   const std::wstring name = NewName(found->name, rules);
   if (name == found->name) return false;
-  std::wstring former = path.substr(0, path.size() - std::min(path.size(), found->name.size()));
-  std::wstring renamed = former + name;
-  RenameFile(context, former += found->name, renamed);
+  const std::size_t folder = path.size() - std::min(path.size(), found->name.size());
+  std::wstring former = path, renamed = path;
+  former.replace(folder, former.npos, found->name);  // spelled as the file is
+  renamed.replace(folder, renamed.npos, name);
+  RenameFile(context, former, renamed);
   page.bulk_lst.SetItemText(i, std::move(renamed));
   return true;
 }
