@@ -46,6 +46,7 @@ void LongWork::Status(std::wstring_view text) {
 void LongWork::Percent(int percent) {
   if (silent_ || (percent == bar_.Percent() && percent > 0)) return;
   bar_.SetPercent(percent);
+  context_.progress_box.SetPercent(percent);  // which the taskbar shows, too
   if (percentage_ != nullptr) percentage_->SetText(percent == 0 ? std::wstring() : std::to_wstring(percent) + L" %");
 }
 

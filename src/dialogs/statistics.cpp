@@ -87,7 +87,10 @@ class Measuring : public Progress, public MeasureWatcher {
 
   void Status(std::wstring_view) override {}
   void Pass(std::wstring_view) override {}
-  void Percent(int percent) override { window_.measure_bar.SetPercent(percent); }
+  void Percent(int percent) override {
+    window_.measure_bar.SetPercent(percent);
+    context_.progress_box.SetPercent(percent);  // which the taskbar shows, too
+  }
   void LetEventsRun() override { context_.events.DoEvents(); }
   bool Cancelled() const override { return window_.form.Closing(); }
 
@@ -114,6 +117,7 @@ class Measuring : public Progress, public MeasureWatcher {
 void MeasureFiles(Statistics& window, Context& context, AlbumSession& session) {
   Measuring measuring(window, context, session);
   const AlbumTimes times = MeasureAlbum(session, context.files, measuring, measuring);
+  context.progress_box.SetPercent(0);
   if (window.form.Closing()) return;
   ShowFigures(window, context, session);
   window.chart.measured = static_cast<int>(window.chart.places.size());

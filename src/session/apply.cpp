@@ -83,6 +83,7 @@ class Run {
     for (int i = 0; i < count; ++i) {
       if (!IsApplied(i)) continue;
       const std::wstring& name = session_.files[Index(i)].name;
+      progress_.Percent(Percentage(i, count));
       progress_.Pass(name);
       if (progress_.Cancelled()) return false;
       byStandard_[Index(i)] = LookAt(i, reasons, patched);

@@ -65,10 +65,12 @@ DownloadResult DownloadInWindow(Context& context, const FtpRequest& request) {
         [&](std::uint64_t done, std::uint64_t total) {
           dialog.progress_lbl.SetText(DownloadProgress(done, total));
           dialog.download_bar.SetPercent(DownloadPercent(done, total));
+          context.progress_box.SetPercent(DownloadPercent(done, total));  // which the taskbar shows, too
           meter.Measure(done, context.events.TickCount(), dialog.speed_lbl);
         });
   };
   ShowModal(context, dialog.form);
+  context.progress_box.SetPercent(0);
   return result;
 }
 

@@ -103,7 +103,7 @@ TEST_F(ApplySession, TagsRenamesAndListsEveryFileButFakes) {
   EXPECT_EQ(tag[126], 1);
   EXPECT_EQ(session.disc.year, L"2004");
   EXPECT_EQ(progress.texts[0], L"Working b.mp3");
-  EXPECT_EQ(progress.percents, (std::vector<int>{0, 33, 66, 100}));
+  EXPECT_EQ(progress.percents, (std::vector<int>{0, 66, 0, 33, 66, 100}));
 
   EXPECT_EQ(Undo(), Undone::All);  // the fake is passed over
   EXPECT_EQ(progress.texts.back(), L"C:\\M\\Live\\03 Three.mp3");

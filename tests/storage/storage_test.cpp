@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/fakes.h"
+#include "storage/folder_walk.h"
 #include "storage/m3u.h"
 #include "storage/renaming.h"
 #include "storage/small_files.h"
@@ -60,6 +61,22 @@ TEST(WritingAFile, LeavesTheOldOneAndWhatLiesBesideItWhereverItFails) {
     EXPECT_EQ(test.files.Content(L"C:\\m\\list.m3u.new"), "the user's");
     EXPECT_EQ(test.files.AllFiles().size(), 2u) << n;
   }
+}
+
+TEST(FolderWalk, GoesLevelByLevelAndKnowsHowFarItIs) {
+  FolderWalk walk(L"a");
+  const struct {
+    const wchar_t* folder;
+    int percent;
+    Texts inside;
+  } steps[] = {{L"a", 0, {L"b", L"c", L"d"}}, {L"b", 25, {L"e"}}, {L"c", 37, {}}, {L"d", 62, {}}, {L"e", 87, {}}};
+  for (const auto& [folder, percent, inside] : steps) {
+    EXPECT_EQ(walk.Next(), folder);
+    EXPECT_EQ(walk.Percent(), percent);
+    for (const std::wstring& inner : inside) walk.Add(inner);
+  }
+  EXPECT_EQ(walk.Next(), std::nullopt);
+  EXPECT_EQ(walk.Percent(), 100);
 }
 
 }  // namespace

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <deque>
 #include <string_view>
 #include <utility>
 
 #include "base/failure.h"
 #include "base/letter_case.h"
 #include "base/paths.h"
+#include "storage/folder_walk.h"
 #include "storage/temporary_file.h"
 #include "tools/lister/lister_pattern.h"
 
@@ -32,11 +32,12 @@ class Catalogue {
   CatalogueEnd Write() {
     // A bare drive is listed as its root.
     const std::wstring root = WithoutBackslash(request_.input);
-    std::deque<std::wstring> folders{root.ends_with(L':') ? WithBackslash(root) : root};
-    for (bool first = true; !folders.empty(); first = false) {
-      ListFolder(folders.front(), folders, first);
+    FolderWalk folders(root.ends_with(L':') ? WithBackslash(root) : root);
+    bool first = true;
+    while (const auto folder = folders.Next()) {
+      progress_.Percent(folders.Percent());
+      ListFolder(*folder, folders, std::exchange(first, false));
       if (progress_.Cancelled()) return {};
-      folders.pop_front();
     }
     WritePiece();
     file_.Finish();
@@ -45,7 +46,7 @@ class Catalogue {
   }
 
  private:
-  void ListFolder(const std::wstring& folder, std::deque<std::wstring>& folders, bool first) {
+  void ListFolder(const std::wstring& folder, FolderWalk& folders, bool first) {
     progress_.LetEventsRun();
     const std::wstring prefix = WithBackslash(folder);
     std::wstring last;  // of the names listed
@@ -55,7 +56,7 @@ class Catalogue {
         if (progress_.Cancelled()) return;
         last = entry.name;
         if (entry.folder) {
-          folders.push_back(prefix + entry.name);
+          folders.Add(prefix + entry.name);
           continue;
         }
         if (!std::exchange(block, true)) text_.append(L"[").append(folder).append(L"]\r\n");

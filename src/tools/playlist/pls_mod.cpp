@@ -36,6 +36,7 @@ std::wstring PlaylistLines(const PlaylistPage& page, Progress& progress) {
   std::wstring lines;
   for (int i = 0; i < page.pls_lst.Count() && !progress.Cancelled(); ++i) {
     lines += PlaylistLine(page.pls_lst.ItemText(i), page.pls_output_txt.Text());
+    progress.Percent(Percentage(i, page.pls_lst.Count()));
     progress.Pass(page.pls_lst.ItemText(i));
   }
   return lines;
@@ -134,7 +135,6 @@ void InitPlaylistPage(PlaylistPage& page, Context& context) {
   wire(page.pls_reset_btn, [&] { ResetPlaylist(page); });
   wire(page.pls_output_btn, [&] { ChoosePlaylistOutput(page, context); });
   wire(page.pls_go_btn, [&] { WritePlaylist(page, context); });
-  page.pls_lst.itemTooltips = true;
   page.pls_lst.menu = [&] { return FileMenu(context, page.pls_lst); };
   const auto rename = Command(context, [&] { RenameSelected(context, page.pls_lst); });
   page.pls_lst.keyPressed = [&page, rename](ListKey key) {
