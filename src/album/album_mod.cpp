@@ -86,7 +86,6 @@ void InitAlbumPage(AlbumPage& page, Context& context) {
   WireDisc(page, context);
   InitAlbumTable(page, context);
   page.path_txt.SetReadOnly(true);  // always the folder that the files were read from
-  page.resalb_lst.itemTooltips = true;
   page.up_btn.SetImage(context.programFolder + L"\\skin\\up.ico", 16);
   page.down_btn.SetImage(context.programFolder + L"\\skin\\down.ico", 16);
   for (CheckBox* option : {&page.ren_chk, &page.pls_chk, &page.ID3v2_chk, &page.ID3v1_chk}) option->SetChecked(true);

@@ -59,7 +59,6 @@ void InitAlbumTable(AlbumPage& page, Context& context) {
     const RowMark known = mark(i);
     return TrackCount(page.session) == 0 && known == RowMark::Doubtful ? RowMark::None : known;
   };
-  page.mp3_lst.itemTooltips = true;
   page.mp3_lst.doubleClicked = [&](int i) {
     if (i < page.tracks_lst.Count()) page.tracks_lst.DoubleClickItem(i);
   };

@@ -34,7 +34,6 @@ void ShowSummary(Context& context, const std::wstring& heading, const std::wstri
     const SummaryLine& line = lines.at(static_cast<std::size_t>(row));
     return column == 0 ? line.file : line.reason;
   };
-  window.left_lst.itemTooltips = true;
   window.left_lst.SetVisible(!lines.empty());
   window.ok_btn.clicked = [&] { window.form.Close(); };
 

@@ -84,8 +84,6 @@ class ListBox : public Control {
   std::function<void(ListKey)> keyPressed;
   // Set: entries can be dragged. Called for every row that the pointer enters; `from` is the entry's place by then.
   std::function<void(int from, int to)> dragged;
-  // The tooltip of an entry that is cut off is its text, when true.
-  bool itemTooltips = false;
   // The entries of the context menu for what is selected; asked when the user wants to see it.
   std::function<std::vector<MenuEntry>()> menu;
 

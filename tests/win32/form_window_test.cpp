@@ -6,6 +6,7 @@
 #include <shlobj.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "forms/buttons.h"
@@ -13,6 +14,7 @@
 #include "forms/picture.h"
 #include "forms/text_controls.h"
 #include "win32/test_form.h"
+#include "win32/windows/prompts.h"
 
 namespace tagrix {
 namespace {
@@ -129,6 +131,19 @@ TEST(FormWindow, OnlyADeliberateKeyStartsSomething) {
   window.words.TakeFocus();
   shown.Settle();
   EXPECT_EQ(GetFocus(), shown["words_txt"]);
+}
+
+TEST(FormWindow, AKeyThatIsHeldAnswersNoQuestion) {
+  static bool pressed = false;
+  SetTimer(nullptr, 0, 100, [](HWND, UINT, UINT_PTR timer, DWORD) {
+    if (!std::exchange(pressed, true)) {
+      PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1 << 30);
+      return;
+    }
+    KillTimer(nullptr, timer);
+    PostMessageW(GetAncestor(GetFocus(), GA_ROOT), WM_COMMAND, IDNO, 0);
+  });
+  EXPECT_FALSE(WinPrompts().Question(L"?"));
 }
 
 TEST(FormWindow, TakesWhatIsDroppedOnIt) {

@@ -168,6 +168,28 @@ TEST(ListWindow, ARowDraggedMovesWithThePointerAndStaysWhereItIsLetGo) {
   EXPECT_NE(GetCapture(), list);
 }
 
+TEST(ListWindow, ACellThatIsCutOffTellsItsWholeText) {
+  Lists lists(false);
+  lists.Fill(1);
+  lists.list.SetColumns({{L"Name", 0}, {L"New name", 60}});
+  lists.list.cell = [](int, int column) { return std::wstring(column == 0 ? L"a" : L"a name that is cut off"); };
+  TestForm shown(lists.form);
+  const HWND list = shown["list"];
+  const auto tooltip = [&](int column) {
+    RECT cell{LVIR_BOUNDS, column, 0, 0};
+    SendMessageW(list, LVM_GETSUBITEMRECT, 0, reinterpret_cast<LPARAM>(&cell));
+    POINT at{cell.left + 4, (cell.top + cell.bottom) / 2};
+    ClientToScreen(list, &at);
+    SetCursorPos(at.x, at.y);
+    NMTTDISPINFOW asked{};
+    asked.hdr = {nullptr, reinterpret_cast<UINT_PTR>(list), TTN_GETDISPINFOW};
+    SendMessageW(shown.Window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&asked));
+    return std::wstring(asked.lpszText);
+  };
+  EXPECT_EQ(tooltip(0), L"");
+  EXPECT_EQ(tooltip(1), L"a name that is cut off");
+}
+
 TEST(TreeWindow, OpensBranchesAsTheyAreNeededAndTellsThePath) {
   Form form("tree_form");
   TreeBox tree("tree");

@@ -136,7 +136,6 @@ void InitBulkPage(BulkPage& page, Context& context) {
 
   page.bulk_lst.cell = [&](int row, int column) { return Cell(page, row, column); };
   page.bulk_lst.mark = [&](int row) { return Mark(page, row); };
-  page.bulk_lst.itemTooltips = true;
   page.bulk_lst.menu = [&] { return FileMenu(context, page.bulk_lst); };
   page.fluc_rdo.Choose();
   RulesChanged(page);

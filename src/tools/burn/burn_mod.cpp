@@ -199,7 +199,6 @@ void InitBurnPage(BurnPage& page, Context& context) {
                                               : page.burn_down_btn;
     button.Click();
   };
-  page.burn_lst.itemTooltips = true;
   page.burn_lst.menu = [&] { return FileMenu(context, page.burn_lst); };
   page.burn_lst.cell = [&](int row, int column) {
     return column == 0 ? page.burn_lst.ItemText(row) : MinutesAndSeconds(page.burn_lst.Value(row));

@@ -13,6 +13,8 @@ bool IsHeld(const MSG& message) {
       return key != VK_UP && key != VK_DOWN && key != VK_MENU;
     case WM_SYSCHAR:
       return true;
+    case WM_CHAR:  // elsewhere than where one writes it presses a button
+      return (SendMessageW(GetFocus(), WM_GETDLGCODE, 0, 0) & DLGC_WANTCHARS) == 0;
     default:
       return false;
   }

@@ -1,8 +1,5 @@
 #include "win32/windows/list_drag.h"
 
-// Needs windows.h before it.
-#include <commctrl.h>
-
 #include <algorithm>
 #include <string>
 
@@ -14,10 +11,11 @@ constexpr UINT kStep = 60;  // milliseconds between rows while the pointer is be
 
 }  // namespace
 
-int RowAt(HWND window, POINT point) {
+LVHITTESTINFO HitAt(HWND window, POINT point) {
   LVHITTESTINFO hit{};
   hit.pt = point;
-  return static_cast<int>(SendMessageW(window, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+  hit.iItem = static_cast<int>(SendMessageW(window, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+  return hit;
 }
 
 void ListDrag::Begin(int row) {
@@ -51,7 +49,7 @@ void ListDrag::GoOn() {
   // Beyond the edge it goes on row by row.
   const int top = static_cast<int>(SendMessageW(window_, LVM_GETTOPINDEX, 0, 0));
   const int page = static_cast<int>(SendMessageW(window_, LVM_GETCOUNTPERPAGE, 0, 0));
-  int to = RowAt(window_, {std::clamp<LONG>(point.x, 1, area.right - 1), point.y});
+  int to = HitAt(window_, {std::clamp<LONG>(point.x, 1, area.right - 1), point.y}).iItem;
   if (point.y < area.top) to = top - 1;
   if (point.y >= area.bottom) to = top + page;
   to = to < 0 && point.y >= area.top ? count - 1 : std::clamp(to, 0, count - 1);

@@ -3,13 +3,15 @@
 #define TAGRIX_WIN32_WINDOWS_LIST_DRAG_H
 
 #include <windows.h>
+// Needs windows.h before it.
+#include <commctrl.h>
 
 #include "forms/lists.h"
 
 namespace tagrix {
 
-// Which row of a list's window is there, -1 for none.
-int RowAt(HWND window, POINT point);
+// Which cell of a list's window is there; a row of -1: none.
+LVHITTESTINFO HitAt(HWND window, POINT point);
 
 class ListDrag {
  public:

@@ -274,22 +274,21 @@ bool ListWindow::TakeKey(WPARAM key) {
 }
 
 std::wstring ListWindow::TooltipHere() {
-  if (!list_.itemTooltips) return {};
   POINT point;
   GetCursorPos(&point);
   ScreenToClient(Window(), &point);
-  LVHITTESTINFO hit{};
-  hit.pt = point;
-  if (!IsRow(static_cast<int>(Ask(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit))))) return {};
+  const LVHITTESTINFO hit = HitAt(Window(), point);
+  if (!IsRow(hit.iItem)) return {};
   const std::wstring text = CellText(hit.iItem, hit.iSubItem);
   const LRESULT width = Ask(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())) + fonts_->Pixels(12);
-  return width > Ask(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(hit.iSubItem)) ? list_.ItemText(hit.iItem)
-                                                                            : std::wstring();
+  return width > Ask(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(hit.iSubItem)) ? text : std::wstring();
 }
 
-// Another row has another tooltip.
+// Another cell has another tooltip.
 void ListWindow::Hover(POINT point) {
-  if (!list_.itemTooltips || std::exchange(hovered_, RowAt(Window(), point)) == hovered_) return;
+  const LVHITTESTINFO hit = HitAt(Window(), point);
+  const std::pair cell(hit.iItem, hit.iSubItem);
+  if (std::exchange(hovered_, cell) == cell) return;
   SendMessageW(GetParent(Window()), kHideTooltip, 0, 0);
 }
 

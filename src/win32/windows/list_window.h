@@ -3,6 +3,7 @@
 #define TAGRIX_WIN32_WINDOWS_LIST_WINDOW_H
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/lists.h"
@@ -55,8 +56,8 @@ class ListWindow : public Binding {
   bool selectionTouched_ = false;  // by the user, not yet taken over
   int shownCount_ = 0, shownFocus_ = -1;
   ListDrag drag_;
-  int hovered_ = -1;   // the row of the tooltip
-  std::wstring cell_;  // the text handed out last
+  std::pair<int, int> hovered_{-1, -1};  // row and column of the tooltip
+  std::wstring cell_;                    // the text handed out last
 };
 
 }  // namespace tagrix

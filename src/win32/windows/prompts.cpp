@@ -14,6 +14,7 @@
 #include "base/publisher.h"
 #include "base/text.h"
 #include "win32/windows/event_loop.h"
+#include "win32/windows/form_keys.h"
 #include "win32/windows/form_window.h"
 #include "win32/windows/process.h"
 
@@ -46,6 +47,28 @@ OpenFilesAnswer ReadAnswer(std::wstring_view chosen, std::size_t nameAt) {
   return answer;
 }
 
+// Keeps keys that are held from the system's boxes, as forms do by themselves.
+class HeldKeysIgnored {
+ public:
+  HeldKeysIgnored() : hook_(SetWindowsHookExW(WH_MSGFILTER, Filter, nullptr, GetCurrentThreadId())) {}
+  ~HeldKeysIgnored() { UnhookWindowsHookEx(hook_); }
+  HeldKeysIgnored(const HeldKeysIgnored&) = delete;
+  HeldKeysIgnored& operator=(const HeldKeysIgnored&) = delete;
+
+ private:
+  static LRESULT CALLBACK Filter(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == MSGF_DIALOGBOX && IsHeld(*reinterpret_cast<const MSG*>(lParam))) return TRUE;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+  }
+
+  HHOOK hook_;
+};
+
+int ShowBox(HWND owner, const std::wstring& text, UINT kind) {
+  const HeldKeysIgnored ignored;
+  return MessageBoxW(owner, text.c_str(), publisher::kProduct, kind);
+}
+
 }  // namespace
 
 HWND WinPrompts::Owner() const { return open_.empty() ? nullptr : open_.back()->Window(); }
@@ -54,10 +77,10 @@ bool WinPrompts::AnyClosing() const {
   return std::any_of(open_.begin(), open_.end(), [](const FormWindow* form) { return form->Closing(); });
 }
 
-void WinPrompts::Message(const std::wstring& text) { MessageBoxW(Owner(), text.c_str(), publisher::kProduct, MB_OK); }
+void WinPrompts::Message(const std::wstring& text) { ShowBox(Owner(), text, MB_OK); }
 
 bool WinPrompts::Question(const std::wstring& text) {
-  return MessageBoxW(Owner(), text.c_str(), publisher::kProduct, MB_YESNO | MB_ICONQUESTION) == IDYES;
+  return ShowBox(Owner(), text, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
 // Commands report their own failures; this is for what happens outside of them, such as drawing.
