@@ -44,6 +44,7 @@ bool SpeaksAgainst(const Diagnosis& diagnosis, const std::vector<Place>& places)
   switch (diagnosis.verdict) {
     case Verdict::Nothing:
     case Verdict::Fits:
+    case Verdict::FitsAsMeasured:
     case Verdict::TracksWithoutFile:
     case Verdict::FilesWithoutTrack:
       return false;
@@ -100,7 +101,6 @@ void ApplySession(AlbumPage& page, Context& context, const ApplyOrder& order) {
   try {
     LongWork work(context, {&page.session_frm, &page.go_btn, &page.fetch_btn, &page.apply_btn, &page.more_btn});
     page.undo_btn.SetEnabled(true);
-    page.settled = true;
     TakeFields(page);
     const bool whole = Apply(page.session, order, {context.files, context.codePage, context.styles}, work, report);
     heading = whole ? message::kDone : message::kCancelled;

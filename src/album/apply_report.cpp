@@ -31,6 +31,7 @@ ApplyReport::Row& ApplyReport::RowOf(int i) {
 
 void ApplyReport::Tell(const Incident& incident) {
   current_.push_back(incident.trouble);
+  if (incident.failure != nullptr) cause_ = CauseText(context_.language, *incident.failure);
   incidents_.push_back({std::wstring(FileNamePart(incident.name)), Reason(incident)});
 }
 
@@ -41,9 +42,16 @@ void ApplyReport::NameChanged(int i) {
 }
 
 void ApplyReport::FileDone(int i) {
+  page_.settled = true;
   Row& row = RowOf(i);
   row.done = true;
   row.troubles = std::exchange(current_, {});
+  row.cause = std::exchange(cause_, {});
+}
+
+void ApplyReport::PlaylistWritten(const std::wstring& path) {
+  page_.settled = true;
+  playlist_ = path;
 }
 
 void ApplyReport::Stopped(const Failure& failure) {
@@ -93,6 +101,7 @@ std::wstring ApplyReport::OutcomeOf(const Row& row, bool tagging) const {
   add(tagging && Tagged(row.troubles), message::kTagged);
   add(row.renamed, message::kRenamed);
   add(!readOnly && !Tagged(row.troubles), message::kNotTagged);
+  if (!row.cause.empty()) words += L" (" + row.cause + L")";
   add(Has(row.troubles, {Trouble::NameTaken}), message::kNotRenamedTaken);
   add(Has(row.troubles, {Trouble::NotRenamed}), message::kNotRenamed);
   add(words.empty(), message::kUnchanged);

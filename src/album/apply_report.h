@@ -20,7 +20,7 @@ class ApplyReport : public ApplyWatcher {
   void Tell(const Incident& incident) override;
   void NameChanged(int i) override;
   void FileDone(int i) override;
-  void PlaylistWritten(const std::wstring& path) override { playlist_ = path; }
+  void PlaylistWritten(const std::wstring& path) override;
   bool MayReplacePlaylist(const std::wstring& path) override;
   std::optional<TagStyle> ChooseTagStyle(const TagStyleReasons& reasons) override;
 
@@ -42,6 +42,7 @@ class ApplyReport : public ApplyWatcher {
   struct Row {
     bool done = false, renamed = false;
     std::vector<Trouble> troubles;
+    std::wstring cause;  // why the tags were not written, if that is known
   };
   Row& RowOf(int i);
   std::wstring Reason(const Incident& incident) const;
@@ -53,6 +54,7 @@ class ApplyReport : public ApplyWatcher {
   const int clash_;
   std::vector<Row> rows_;
   std::vector<Trouble> current_;  // of the file whose turn it is
+  std::wstring cause_;            // likewise
   std::vector<Line> incidents_;
   std::wstring playlist_;
 };

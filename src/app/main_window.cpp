@@ -56,6 +56,7 @@ MainWindow::MainWindow(Context& shared) : context(shared) {
   ShowPage(0);
   // Not a command: it has to work while one runs.
   context.cancel_btn.clicked = [this] { Cancel(); };
+  context.mayQuit = [this] { return MayLeaveAlbum(album, context); };
   context.quit = [this] { form.Close(); };
   form.escaped = [this] { context.cancel_btn.Click(); };
   form.canClose = [this] { return CanClose(); };

@@ -65,7 +65,8 @@ struct Context : Ports {
   ProgressBox progress_box{"progress_box"};
   Button cancel_btn{"cancel_btn"};
 
-  // Ends the program without asking; set by the main window.
+  // Set by the main window: asks the user whether what isn't finished may go; ends the program without asking.
+  std::function<bool()> mayQuit = [] { return true; };
   std::function<void()> quit = [] {};
 
   // The text of a language message.

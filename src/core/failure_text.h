@@ -9,6 +9,9 @@
 
 namespace tagrix {
 
+// The reason alone.
+std::wstring CauseText(const Language& language, const Failure& failure);
+
 // What could not be done, the path and the reason, those that are known, one a line.
 std::wstring FailureText(const Language& language, const Failure& failure);
 

@@ -169,6 +169,7 @@ inline constexpr int kAlbumHint = 319, kFilesHint = 320, kResultsHint = 321;
 inline constexpr int kOpenFile = 322, kShowInFolder = 323, kCopyName = 324, kEditRow = 325, kRenameFile = 328;
 inline constexpr int kAlbumFolder = 326;
 inline constexpr int kNewTitle = 327, kRenameCaption = 329;
+inline constexpr int kVerdictFitsAsMeasured = 330;
 
 }  // namespace tagrix::message
 

@@ -88,7 +88,8 @@ Diagnosis Diagnose(const std::vector<Place>& places) {
       return std::any_of(places.begin(), places.end(), [fit](const Place& place) { return FitOf(place) == fit; });
     };
     if (any(Fit::NoFile)) return {Verdict::TracksWithoutFile};
-    return {any(Fit::NoTrack) ? Verdict::FilesWithoutTrack : Verdict::Fits};
+    if (any(Fit::NoTrack)) return {Verdict::FilesWithoutTrack};
+    return {any(Fit::Unmeasured) ? Verdict::FitsAsMeasured : Verdict::Fits};
   }
 
   const auto complete = [](const Place& place) { return place.hasFile && place.hasTrack; };

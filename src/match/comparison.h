@@ -27,10 +27,11 @@ struct Deviations {
 };
 Deviations DeviationsOf(const std::vector<Place>& places);
 
-// TracksWithoutFile and FilesWithoutTrack: what can be compared fits.
+// FitsAsMeasured, TracksWithoutFile and FilesWithoutTrack: what can be compared fits.
 enum class Verdict {
   Nothing,
   Fits,
+  FitsAsMeasured,
   TracksWithoutFile,
   FilesWithoutTrack,
   OtherOrder,

@@ -129,6 +129,7 @@ std::optional<std::wstring> LookForInstaller(Context& context, bool silent, cons
 }
 
 void StartInstaller(Context& context, const std::wstring& installer) {
+  if (!context.mayQuit()) return;
   context.prompts.Message(Filled(context, message::kDownloadComplete));
   if (context.shell.Start(installer, L"\"" + installer + L"\"") == nullptr) {
     context.prompts.Message(FillMessage(context.Text(message::kInstallerNotStarted), {installer}));

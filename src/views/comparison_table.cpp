@@ -92,6 +92,8 @@ std::wstring VerdictText(Context& context, const Diagnosis& diagnosis) {
       return context.Text(message::kTracksWithoutFile);
     case Verdict::FilesWithoutTrack:
       return context.Text(message::kFilesWithoutTrack);
+    case Verdict::FitsAsMeasured:
+      return context.Text(message::kVerdictFitsAsMeasured);
     case Verdict::OtherOrder:
       return context.Text(message::kVerdictOtherOrder);
     case Verdict::FileMissing:

@@ -86,7 +86,7 @@ TEST_F(ApplyPage, TellsEachTroubleInItsOwnWords) {
   EXPECT_TRUE(test.prompts.messages.empty()) << "one window instead of a box for each";
   EXPECT_EQ(left, (Texts{L"a.mp3: <227> a.mp3 " + reason, L"a.mp3: <45> a.mp3 Band Two.mp3", L"b.mp3: <43> b.mp3"}));
   EXPECT_EQ(text.substr(0, 15), L"<299> 2 2 0 0 2");
-  EXPECT_EQ(page.outcomes, (Texts{L"<307>, <308>", L"<306>"}));
+  EXPECT_EQ(page.outcomes, (Texts{L"<307> (<246>), <308>", L"<306>"}));
 
   page.session.journal.Clear();
   page.session.journal.Record(L"Band Two.mp3");

@@ -137,10 +137,12 @@ TEST_F(MainWindowTest, ItRefusesToCloseWhileBusyAndCancelEndsWhatTheUserSees) {
   EXPECT_FALSE(IsBusy(test.context));
 
   window.album.apply_btn.SetEnabled(true);  // an album that was never applied
-  test.prompts.answers = {false};
+  test.prompts.answers = {false, false};
+  EXPECT_FALSE(test.context.mayQuit());
+  window.album.settled = false;
   window.form.RequestClose();
   EXPECT_FALSE(window.form.Closing());
-  EXPECT_EQ(test.prompts.questions, Texts{test.context.Text(message::kLeaveAlbum)});
+  EXPECT_EQ(test.prompts.questions, Texts(2, test.context.Text(message::kLeaveAlbum)));
   window.form.RequestClose();
   EXPECT_TRUE(window.form.Closing() && silent.Cancelled());
 }

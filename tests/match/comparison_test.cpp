@@ -60,7 +60,8 @@ TEST(Diagnose, SaysWhatTheDifferencesMean) {
     int place = 0;
   } cases[] = {
       {"-/100 50/-", Verdict::Nothing},
-      {"100/98 0/200", Verdict::Fits},
+      {"100/98 200/198", Verdict::Fits},
+      {"100/98 0/200", Verdict::FitsAsMeasured},
       {"100/98 0/200 -/150", Verdict::TracksWithoutFile},
       {"100/98 150/-", Verdict::FilesWithoutTrack},
       {"150/100 100/150 250/200 200/250 999/300", Verdict::OtherOrder},  // and one in five another recording

@@ -90,6 +90,11 @@ TEST_F(Updater, DownloadsTheInstallerStartsItAndEnds) {
   EXPECT_EQ(shell.commandLines, Texts{L"\"C:\\Tagrix\\upd\\setup.exe\""});
   EXPECT_EQ(files.Content(kInstaller), "installer");
   EXPECT_EQ(quits, 1);
+
+  context.mayQuit = [] { return false; };
+  prompts.dialogs.push_back(Wait());
+  EXPECT_EQ(Check(true), Texts{});
+  EXPECT_EQ(shell.commandLines.size(), 1U);
   EXPECT_EQ(ftp.requests.at(1).user, L"anonymous");
   EXPECT_EQ(ftp.requests.at(1).password, L"rova_plint");
 }
