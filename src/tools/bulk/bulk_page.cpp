@@ -4,6 +4,7 @@
 
 #include "core/messages.h"
 #include "core/notices.h"
+#include "forms/captions.h"
 
 namespace tagrix {
 namespace {
@@ -48,7 +49,7 @@ void TranslateBulkPage(BulkPage& page, Context& context) {
   page.bulk_cur_bar.SetSpokenName(context.Text(message::kProgress));
   page.bulk_lst.SetColumns({{context.Text(message::kNameBefore), 0},
                             {context.Text(message::kNameAfter), 0},
-                            {context.Text(message::kFolder), 0}});
+                            {WithoutAccessKeys(context.Text(message::kFolder)), 0}});
 }
 
 }  // namespace tagrix
