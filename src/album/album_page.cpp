@@ -1,6 +1,5 @@
 #include "album/album_page.h"
 
-#include "album/album_table.h"
 #include "core/messages.h"
 #include "core/notices.h"
 #include "session/rename_pattern.h"
@@ -94,7 +93,6 @@ void TranslateAlbumPage(AlbumPage& page, Context& context) {
   const std::wstring year = std::to_wstring(context.clock.CurrentYear());
   page.test_lbl.SetText(PatternSample(context.settings.Get(setting::kPattern), year));
   page.pls_lbl.SetText(PlaylistSample(context.settings.Get(setting::kPlaylist), year));
-  TranslateAlbumTable(page, context);
 }
 
 }  // namespace tagrix

@@ -59,7 +59,7 @@ struct AlbumPage {
 Node AlbumLayout(AlbumPage& page);
 // Says above the list how many albums were found.
 void ShowHitCount(AlbumPage& page, Context& context);
-// Sets the captions from the language texts.
+// Sets the captions from the language texts; those of the table: see TranslateAlbumTable.
 void TranslateAlbumPage(AlbumPage& page, Context& context);
 
 }  // namespace tagrix

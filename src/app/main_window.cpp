@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "album/album_mod.h"
+#include "album/album_table.h"
 #include "album/file_list.h"
 #include "base/failure.h"
 #include "base/publisher.h"
@@ -278,6 +279,7 @@ void MainWindow::transme() {
   context.progress_box.SetSpokenName(context.Text(message::kProgress));
   TranslateAboutPage(about, context);
   TranslateAlbumPage(album, context);
+  TranslateAlbumTable(album, context);
   TranslateListerPage(lister, context);
   TranslateBulkPage(bulk, context);
   TranslateBurnPage(burn, context);
