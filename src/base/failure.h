@@ -35,6 +35,13 @@ class Failure : public std::exception {
       : action_(action), path_(std::move(path)), reason_(std::move(reason)) {}
   Failure(Action action, std::wstring path, Cause cause) : action_(action), cause_(cause), path_(std::move(path)) {}
 
+  // The same, told of another path.
+  Failure About(std::wstring path) const {
+    Failure failure = *this;
+    failure.path_ = std::move(path);
+    return failure;
+  }
+
   Action Tried() const { return action_; }
   Cause Why() const { return cause_; }
   const std::wstring& Path() const { return path_; }

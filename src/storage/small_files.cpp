@@ -32,10 +32,10 @@ std::string ReadWholeFile(Files& files, const std::wstring& path) {
 }
 
 void WriteWholeFile(Files& files, const std::wstring& path, std::string_view bytes) {
-  TemporaryFile file(files, FreePathBeside(files, path));
+  TemporaryFile file(files, FreePathBeside(files, path), path);
   file.Append(bytes);
   file.Finish();
-  file.PutAt(path);
+  file.PutInPlace();
 }
 
 }  // namespace tagrix

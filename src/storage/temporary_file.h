@@ -14,11 +14,12 @@ namespace tagrix {
 // A path beside the given one that names nothing yet. Throws Failure when the first thousand are taken.
 std::wstring FreePathBeside(Files& files, const std::wstring& path);
 
-// Removed again unless it was put in place. Every operation throws Failure.
+// Removed again unless it was put in place. Every operation throws Failure, which names the target: the user knows
+// nothing of the file beside it.
 class TemporaryFile {
  public:
   // Creates the file, or empties it when it exists.
-  TemporaryFile(Files& files, std::wstring path);
+  TemporaryFile(Files& files, std::wstring path, std::wstring target);
   ~TemporaryFile();
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
@@ -27,14 +28,14 @@ class TemporaryFile {
   // Makes sure that all of it is on the disk, and closes it.
   void Finish();
 
-  // Once it is finished: takes the place of an existing file in one system call.
-  void Replace(const std::wstring& over);
-  // Likewise, where there may be a file or none.
-  void PutAt(const std::wstring& path);
+  // Once it is finished: takes the place of its target, which exists, in one system call.
+  void Replace();
+  // Likewise, where the target may be missing.
+  void PutInPlace();
 
  private:
   Files& files_;
-  std::wstring path_;
+  std::wstring path_, target_;
   std::unique_ptr<File> file_;
   std::uint64_t size_ = 0, flushed_ = 0;
   bool placed_ = false;

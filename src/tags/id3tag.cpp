@@ -33,7 +33,7 @@ std::string Id3v1Bytes(const Source& source, const std::string& record) {
 // the old tag is not counted in `oldTag`, so the last 10 bytes of the old tag stay: kept.
 void Rewrite(Files& files, Progress& progress, Source& source, const std::string& newTag, std::uint64_t oldTag,
              std::string_view tail) {
-  TemporaryFile temporary(files, std::wstring(FolderPart(source.path)) + kTaggedCopy);
+  TemporaryFile temporary(files, std::wstring(FolderPart(source.path)) + kTaggedCopy, source.path);
   temporary.Append(newTag);
   const std::uint64_t end = source.size - tail.size();
   CopyPart(*source.file, source.path, oldTag, end, temporary, progress);
@@ -41,7 +41,7 @@ void Rewrite(Files& files, Progress& progress, Source& source, const std::string
   temporary.Append(tail);
   temporary.Finish();
   source.file.reset();
-  temporary.Replace(source.path);
+  temporary.Replace();
 }
 
 // False when the file's old ID3v2 tag forbids a new one.

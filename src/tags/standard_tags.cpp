@@ -141,7 +141,7 @@ TagConcerns ConcernsOf(const Plan& plan, const TagFields& fields, CodePage& code
 // The copy: the new tag, or the old ones, then the sound with what stands behind it, then ID3v1.
 void Rewrite(Files& files, const std::wstring& path, std::unique_ptr<File> file, const Plan& plan, Progress& progress) {
   const TagLayout& layout = plan.layout;
-  TemporaryFile copy(files, std::wstring(FolderPart(path)) + kTaggedCopy);
+  TemporaryFile copy(files, std::wstring(FolderPart(path)) + kTaggedCopy, path);
   for (std::string_view rest = plan.front; !rest.empty(); rest.remove_prefix(std::min(rest.size(), kWritten))) {
     copy.Append(rest.substr(0, kWritten));
     progress.LetEventsRun();
@@ -157,7 +157,7 @@ void Rewrite(Files& files, const std::wstring& path, std::unique_ptr<File> file,
   copy.Append(plan.end);
   copy.Finish();
   file.reset();
-  copy.Replace(path);
+  copy.Replace();
 }
 
 }  // namespace

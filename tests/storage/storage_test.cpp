@@ -55,7 +55,8 @@ TEST(WritingAFile, LeavesTheOldOneAndWhatLiesBesideItWhereverItFails) {
       WriteWholeFile(test.files, L"C:\\m\\list.m3u", "new");
       EXPECT_GT(n, 4);
       failed = false;
-    } catch (const Failure&) {
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.Path(), L"C:\\m\\list.m3u");
     }
     EXPECT_EQ(test.files.Content(L"C:\\m\\list.m3u"), failed ? "old" : "new") << n;
     EXPECT_EQ(test.files.Content(L"C:\\m\\list.m3u.new"), "the user's");
@@ -77,6 +78,19 @@ TEST(FolderWalk, GoesLevelByLevelAndKnowsHowFarItIs) {
   }
   EXPECT_EQ(walk.Next(), std::nullopt);
   EXPECT_EQ(walk.Percent(), 100);
+}
+
+TEST(WritingAFile, GivesUpWhereEveryNameBesideItIsTaken) {
+  struct Crowded : FakeFiles {
+    std::optional<FileInfo> Find(const std::wstring&) override { return FileInfo(); }
+  } files;
+  try {
+    WriteWholeFile(files, L"C:\\list.m3u", "new");
+    FAIL();
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Why(), Cause::NamesTaken);
+    EXPECT_EQ(failure.Path(), L"C:\\list.m3u");
+  }
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ class Catalogue {
         request_(request),
         progress_(progress),
         separator_(codePage.DecimalSeparator()),
-        file_(files, FreePathBeside(files, request.target)) {}
+        file_(files, FreePathBeside(files, request.target), request.target) {}
 
   CatalogueEnd Write() {
     // A bare drive is listed as its root.
@@ -41,7 +41,7 @@ class Catalogue {
     }
     WritePiece();
     file_.Finish();
-    file_.PutAt(request_.target);
+    file_.PutInPlace();
     return {true, std::move(notRead_)};
   }
 
