@@ -8,7 +8,7 @@
 namespace tagrix {
 namespace {
 
-constexpr std::wstring_view kForbidden = L"/\\:?*\"<>|";
+constexpr std::wstring_view kForbidden = L"/\\:?*\"<>|", kInNoPath = kForbidden.substr(3);
 
 }  // namespace
 
@@ -23,6 +23,14 @@ std::wstring CleanAndTrimFileName(std::wstring_view text) { return Trim(CleanFil
 std::wstring SafeFileName(std::wstring name) {
   if (IsDeviceName(name)) name.insert(std::min(name.find(L'.'), name.size()), L"_");
   return name;
+}
+
+bool CanNameAFile(const std::wstring& path) {
+  const auto refused = [](wchar_t c) { return c < L' ' || kInNoPath.find(c) != kInNoPath.npos; };
+  if (std::any_of(path.begin(), path.end(), refused)) return false;
+  const std::wstring whole = WithoutBackslash(path);
+  const std::wstring_view name = FileNamePart(whole);
+  return !IsDeviceName(name) && (IsRoot(whole) || name.find(L':') == name.npos);
 }
 
 }  // namespace tagrix

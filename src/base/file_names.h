@@ -15,6 +15,10 @@ std::wstring CleanAndTrimFileName(std::wstring_view text);
 // The name, with an underscore after its base where that is a device's: "Con" becomes "Con_", "aux.m3u" "aux_.m3u".
 std::wstring SafeFileName(std::wstring name);
 
+// False for a path that must not reach the system, or that it refuses: it would end the path at a NUL, take a device's
+// name for a file that is there and waits, what follows a colon for a hidden part of a file, and a star for a pattern.
+bool CanNameAFile(const std::wstring& path);
+
 }  // namespace tagrix
 
 #endif

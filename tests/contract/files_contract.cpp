@@ -125,12 +125,11 @@ TEST_F(FilesContract, FailsWhereNothingIsAndSaysWhy) {
   }
 }
 
-#ifdef _WIN32
-
 TEST_F(FilesContract, NothingIsCalledLikeADeviceOrByARefusedCharacter) {
   Put(At(L"a"), "a");
   using std::string_literals::operator""s;
-  for (const auto& name : {L"CON"s, L"nul.mp3"s, L"b?"s, L"b:c"s, L"b<"s, L"b\tc"s, L"a\0b"s}) {
+  for (const auto& name :
+       {L"CON"s, L"nul.mp3"s, L"lpt\u00B2 .x"s, L"b?"s, L"b:c"s, L"b<"s, L"b*"s, L"b\tc"s, L"a\0b"s}) {
     SCOPED_TRACE(testing::PrintToString(name));
     const std::wstring path = At(name);
     EXPECT_FALSE(Has(path));
@@ -145,6 +144,8 @@ TEST_F(FilesContract, NothingIsCalledLikeADeviceOrByARefusedCharacter) {
   }
   EXPECT_EQ(Listed(case_.folder), Names{L"a"});
 }
+
+#ifdef _WIN32
 
 TEST_F(FilesContract, PathsMayBeLongerThan260Characters) {
   std::wstring folder = case_.folder;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/failure.h"
+#include "base/file_names.h"
 #include "base/letter_case.h"
 #include "base/paths.h"
 
@@ -154,6 +155,7 @@ std::unique_ptr<File> FakeFiles::OpenForWriting(const std::wstring& path) {
 
 std::unique_ptr<File> FakeFiles::Create(const std::wstring& path) {
   Call(Action::Create, path);
+  Check(CanNameAFile(path), Action::Create, path);
   Need(Action::Create, Parent(path), true);
   if (!Has(path)) Put(path);
   auto file = Open(Action::Create, path, true);
@@ -172,7 +174,7 @@ void FakeFiles::Rename(const std::wstring& from, const std::wstring& to) {
   Call(Action::Rename, from);
   Check(Need(Action::Rename, from, false).open == 0, Action::Rename, from);
   Need(Action::Rename, Parent(to), true);
-  Check(!Has(to) || EqualIgnoringCase(from, to), Action::Rename, to);
+  Check(CanNameAFile(to) && (!Has(to) || EqualIgnoringCase(from, to)), Action::Rename, to);
   Move(from, to);
 }
 
@@ -195,7 +197,7 @@ void FakeFiles::Delete(const std::wstring& path) {
 void FakeFiles::CreateFolder(const std::wstring& path) {
   Call(Action::CreateFolder, path);
   Need(Action::CreateFolder, Parent(WithoutBackslash(path)), true);
-  Check(!Has(path), Action::CreateFolder, path);
+  Check(CanNameAFile(path) && !Has(path), Action::CreateFolder, path);
   AddFolder(WithoutBackslash(path));
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 
+#include "base/file_names.h"
 #include "base/paths.h"
 #include "win32/ports/native_path.h"
 #include "win32/ports/system_message.h"
@@ -22,9 +23,9 @@ struct FindTraits {
 };
 using UniqueFind = Unique<FindTraits>;
 
-std::wstring Native(Action action, const std::wstring& path) {
+std::wstring Native(Action action, const std::wstring& path, const std::wstring& pattern = {}) {
   if (!CanNameAFile(path)) throw Failure(action, path, Cause::BadName);
-  return NativePath(path);
+  return NativePath(path + pattern);
 }
 
 FileInfo Describe(DWORD attributes, DWORD reparseTag, DWORD sizeHigh, DWORD sizeLow) {
@@ -119,7 +120,7 @@ std::wstring KnownFolder(const KNOWNFOLDERID& id) {
 
 std::optional<FileInfo> WinFiles::Find(const std::wstring& path) {
   const std::wstring wanted = WithoutBackslash(path);
-  if (!CanNameAFile(wanted) || wanted.find_first_of(L"*?<>\"") != wanted.npos) return {};
+  if (!CanNameAFile(wanted)) return {};
   const std::wstring native = NativePath(wanted);
   if (!IsRoot(wanted)) {
     WIN32_FIND_DATAW found;
@@ -170,7 +171,7 @@ void WinFiles::CreateFolder(const std::wstring& path) {
 
 void WinFiles::List(const std::wstring& folder, const std::wstring& pattern,
                     const std::function<bool(const FileInfo&)>& entry) {
-  const std::wstring all = Native(Action::List, WithBackslash(folder) + pattern);
+  const std::wstring all = Native(Action::List, WithBackslash(folder), pattern);
   WIN32_FIND_DATAW found;
   const UniqueFind search(FindFirstFileExW(all.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch, nullptr,
                                            FIND_FIRST_EX_LARGE_FETCH));

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/file_names.h"
 #include "base/publisher.h"
 #include "win32/ports/background.h"
 #include "win32/ports/native_path.h"
