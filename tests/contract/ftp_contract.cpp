@@ -80,6 +80,10 @@ TEST_F(FtpContract, FailsWhereTheServerDoes) {
   EXPECT_EQ(Fetch(L"short.exe"), "");
   EXPECT_EQ(done_, 50'000u);
   EXPECT_EQ(total_, 100'000u);
+  case_.Offer("/ostrelco/files/long.exe", std::string(500'000, 'x'));
+  EXPECT_EQ(Fetch(L"long.exe"), "");
+  EXPECT_LE(done_, 250'000u);
+  EXPECT_EQ(total_, 250'000u);
   case_.request.password = L"wrong";
   EXPECT_EQ(Fetch(L"short.exe"), "");
   case_.request.port = SocketCase::RefusingPort();

@@ -3,7 +3,8 @@
 
 The environment tells the command where they are:
 TAGRIX_FTP_PORT      an FTP server. A file whose name begins with "short" or "stalled" is announced twice as long as it
-                     is; at the end of the latter the server falls silent.
+                     is; at the end of the latter the server falls silent. One that begins with "long" is announced
+                     half as long.
 TAGRIX_FTP_FOLDER    the folder that it serves.
 TAGRIX_FOLDER        an empty folder, whose content goes when the command ends.
 TAGRIX_ECHO_PORT     a TCP server that gives back each request (up to an empty line). It closes the connection after one
@@ -36,8 +37,10 @@ PATIENCE = 60  # seconds, for whatever a server waits
 
 class Folder(AbstractedFS):
     def getsize(self, path):
-        announced = 2 if os.path.basename(path).startswith(("short", "stalled")) else 1
-        return announced * super().getsize(path)
+        name, size = os.path.basename(path), super().getsize(path)
+        if name.startswith("long"):
+            return size // 2
+        return 2 * size if name.startswith(("short", "stalled")) else size
 
 
 class Data(DTPHandler):
