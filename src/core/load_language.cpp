@@ -57,7 +57,9 @@ void loadlangue(Context& context, ComboBox& setup_lngcmb, std::wstring file) {
                             L" and contact technical support");
     throw EndProgram();
   } else {
+    Language inForce = context.language;
     loadlangue(context, setup_lngcmb, kEnglishFile);
+    if (context.language.lng_lst.empty()) context.language = std::move(inForce);
   }
 }
 

@@ -41,6 +41,8 @@ TEST_F(LanguageTest, AWrongCountFallsBackToEnglish) {
     EXPECT_EQ(Load(L"bad.lf"), L"en177");
     EXPECT_EQ(test.context.settings.Get(setting::kLanguage), L"english");
   }
+  test.files.Delete(L"C:\\Tagrix\\english.lf");
+  EXPECT_EQ(Load(L"bad.lf"), L"en177");  // the texts in force
   EXPECT_EQ(Load(L"missing.lf"), L"");
   EXPECT_TRUE(test.prompts.messages.empty());
 }
