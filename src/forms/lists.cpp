@@ -6,9 +6,8 @@
 
 namespace tagrix {
 
-void ListBox::Insert(int i, std::wstring text, std::int32_t value) {
-  items_.insert(items_.begin() + i, Item{std::move(text), value, false});
-  if (focus_ >= i) ++focus_;
+void ListBox::Add(std::wstring text, std::int32_t value) {
+  items_.push_back(Item{std::move(text), value, false});
   Announce(Change::Items);
 }
 
@@ -28,12 +27,6 @@ std::vector<std::wstring> ListBox::Texts() const {
 void ListBox::SetItemText(int i, std::wstring text) { Set(At(i).text, std::move(text), Change::Items); }
 
 void ListBox::SetValue(int i, std::int32_t value) { Set(At(i).value, value, Change::Items); }
-
-void ListBox::Remove(int i) {
-  items_.erase(items_.begin() + i);
-  if (focus_ >= i) --focus_;
-  Announce(Change::Items);
-}
 
 void ListBox::MoveItem(int from, int to) {
   const auto at = [&](int i) { return items_.begin() + i; };

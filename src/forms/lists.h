@@ -42,12 +42,10 @@ class ListBox : public Control {
   const std::wstring& ItemText(int i) const { return At(i).text; }
   std::vector<std::wstring> Texts() const;
   std::int32_t Value(int i) const { return At(i).value; }
-  void Add(std::wstring text, std::int32_t value = 0) { Insert(Count(), std::move(text), value); }
+  void Add(std::wstring text, std::int32_t value = 0);
   void Append(std::vector<std::wstring> texts);  // many at once, announced once
-  void Insert(int i, std::wstring text, std::int32_t value = 0);
   void SetItemText(int i, std::wstring text);
   void SetValue(int i, std::int32_t value);
-  void Remove(int i);
   // Takes an entry to another place, selected; those between give way.
   void MoveItem(int from, int to);
   // Removes every selected entry in one pass.
