@@ -27,7 +27,8 @@ std::wstring SafeFileName(std::wstring name) {
 
 bool CanNameAFile(const std::wstring& path) {
   const auto refused = [](wchar_t c) { return c < L' ' || kInNoPath.find(c) != kInNoPath.npos; };
-  if (std::any_of(path.begin(), path.end(), refused)) return false;
+  // A path that the system is to take literally begins so.
+  if (std::any_of(path.begin() + (path.starts_with(L"\\\\?\\") ? 4 : 0), path.end(), refused)) return false;
   const std::wstring whole = WithoutBackslash(path);
   const std::wstring_view name = FileNamePart(whole);
   return !IsDeviceName(name) && (IsRoot(whole) || name.find(L':') == name.npos);
