@@ -20,11 +20,15 @@ for file in $(grep -ohE '(src|href)="[^#":]+' "$manual"/*.html | cut -d '"' -f 2
   [ -s "$manual/$file" ] || complain "the manual lacks $file"
 done
 
-# Addresses that can't be guessed, data that can't be run, and no library that Windows would look for beside the
-# program: those named here are its KnownDLLs and the one of the manifest; load_when_called serves the others.
+# Addresses that can't be guessed, data that can't be run, landing pads, a guarded stack, and no library that Windows
+# would look for beside the program: those named here are its KnownDLLs and the one of the manifest; load_when_called
+# serves the others.
 headers=$(x86_64-w64-mingw32-objdump -p "$work/Tagrix/tagrix.exe")
 for flag in HIGH_ENTROPY_VA DYNAMIC_BASE NX_COMPAT; do grep -q "$flag" <<<"$headers" || complain "no $flag"; done
 grep -q 'relocations stripped' <<<"$headers" && complain "it can't be moved"
+x86_64-w64-mingw32-objdump -d "$work/Tagrix/tagrix.exe" | grep -c endbr64 >"$work/landings"
+[ "$(cat "$work/landings")" -gt 1000 ] || complain "jumps may lead anywhere"
+x86_64-w64-mingw32-nm -u build/win/libtagrix_lib.a | grep __stack_chk_fail >/dev/null || complain "no guard of the stack"
 known='ADVAPI32|COMCTL32|COMDLG32|GDI32|KERNEL32|msvcrt|ole32|OLEAUT32|SHELL32|SHLWAPI|USER32|WS2_32'
 others=$(sed -n 's/^\tDLL Name: //p' <<<"$headers" | grep -viE "^($known)\.dll$" || true)
 [ -z "$others" ] || complain "loaded from beside the program: $others"

@@ -219,6 +219,27 @@ TEST(FormWindow, PagesGetTheirWindowsWhenTheyAreFirstShownInTheLayoutsOrder) {
   EXPECT_EQ(GetFocus(), shown["other_btn"]);
 }
 
+TEST(FormWindow, WhatIsDisabledIsNotSeenEnabledForAMoment) {
+  Window window;
+  window.pages[0].SetVisible(false);
+  window.pages[1].SetVisible(true);
+  TestForm shown(window.form);
+  const HWND answer = shown["answer_txt"];
+  window.pages[1].SetVisible(false);
+  shown.Settle();
+  std::string seen;
+  const auto watch = [](HWND self, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR events) -> LRESULT {
+    if (message == WM_WINDOWPOSCHANGED && (reinterpret_cast<const WINDOWPOS*>(l)->flags & SWP_SHOWWINDOW) != 0)
+      *reinterpret_cast<std::string*>(events) += IsWindowEnabled(self) ? "enabled" : "disabled";
+    return DefSubclassProc(self, message, w, l);
+  };
+  SetWindowSubclass(answer, watch, 99, reinterpret_cast<DWORD_PTR>(&seen));
+  window.answer.SetEnabled(false);
+  window.pages[1].SetVisible(true);
+  shown.Settle();
+  EXPECT_EQ(seen, "disabled");
+}
+
 TEST(FormWindow, FollowsTheMonitorsDpiAndKeepsToItsLeastSize) {
   Window window;
   TestForm shown(window.form);
