@@ -19,9 +19,9 @@
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/ftp_client.h"
-#include "platform/https_client.h"
 #include "platform/prompts.h"
 #include "platform/registry.h"
+#include "platform/secure_http.h"
 #include "platform/shell.h"
 #include "platform/tcp_socket.h"
 

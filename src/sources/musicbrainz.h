@@ -12,7 +12,7 @@
 
 #include "core/settings.h"
 #include "platform/event_loop.h"
-#include "platform/https_client.h"
+#include "platform/secure_http.h"
 #include "sources/disc_source.h"
 #include "sources/musicbrainz_json.h"
 

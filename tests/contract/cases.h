@@ -16,8 +16,8 @@
 #include "win32/ports/code_page.h"
 #include "win32/ports/files.h"
 #include "win32/ports/ftp_client.h"
-#include "win32/ports/https_client.h"
 #include "win32/ports/registry.h"
+#include "win32/ports/secure_http.h"
 #include "win32/ports/shell.h"
 #include "win32/ports/tcp_socket.h"
 #include "win32/windows/event_loop.h"
@@ -84,7 +84,7 @@ struct FtpCase : FilesCase {
   FtpRequest request;
 };
 
-// The certificate of one of the servers (see https_server.py) is trusted for as long as this lives.
+// The certificate of one of the servers (see tls_server.py) is trusted for as long as this lives.
 struct HttpsCase {
   HttpsCase();
   ~HttpsCase();

@@ -11,7 +11,7 @@ TAGRIX_ECHO_PORT     a TCP server that gives back each request (up to an empty l
                      that begins with "close", reads on half a second late when one begins with "late", and one that
                      begins with "reset" it cuts off without an answer.
 TAGRIX_REFUSED_PORT  a port on which nothing listens.
-Web servers: see https_server.py.
+Web servers: see tls_server.py.
 """
 import logging
 import os
@@ -30,7 +30,7 @@ from pyftpdlib.filesystems import AbstractedFS
 from pyftpdlib.handlers import DTPHandler, FTPHandler
 from pyftpdlib.servers import ThreadedFTPServer
 
-import https_server
+import tls_server
 
 PATIENCE = 60  # seconds, for whatever a server waits
 
@@ -101,7 +101,7 @@ with (tempfile.TemporaryDirectory() as folder, tempfile.TemporaryDirectory() as 
     silent.bind(("127.0.0.1", 0))
     threading.Thread(target=ftp.serve_forever, kwargs={"handle_exit": False}, daemon=True).start()
     threading.Thread(target=echo.serve_forever, daemon=True).start()
-    places = https_server.start(certificates) | {"TAGRIX_FTP_FOLDER": folder, "TAGRIX_FOLDER": files}
+    places = tls_server.start(certificates) | {"TAGRIX_FTP_FOLDER": folder, "TAGRIX_FOLDER": files}
     for name, listener in ("FTP", ftp.socket), ("ECHO", echo.socket), ("REFUSED", silent):
         places[f"TAGRIX_{name}_PORT"] = str(listener.getsockname()[1])
     status = subprocess.call(sys.argv[1:], env={**os.environ, **places})

@@ -1,6 +1,6 @@
 // Port to a client that fetches one web resource at a time and reports by an event.
-#ifndef TAGRIX_PLATFORM_HTTPS_CLIENT_H
-#define TAGRIX_PLATFORM_HTTPS_CLIENT_H
+#ifndef TAGRIX_PLATFORM_SECURE_HTTP_H
+#define TAGRIX_PLATFORM_SECURE_HTTP_H
 
 #include <cstddef>
 #include <functional>

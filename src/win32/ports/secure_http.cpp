@@ -1,4 +1,4 @@
-#include "win32/ports/https_client.h"
+#include "win32/ports/secure_http.h"
 
 // Needs windows.h before it.
 #include <winhttp.h>

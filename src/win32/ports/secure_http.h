@@ -1,10 +1,10 @@
 // An HTTPS client over Windows's own.
-#ifndef TAGRIX_WIN32_PORTS_HTTPS_CLIENT_H
-#define TAGRIX_WIN32_PORTS_HTTPS_CLIENT_H
+#ifndef TAGRIX_WIN32_PORTS_SECURE_HTTP_H
+#define TAGRIX_WIN32_PORTS_SECURE_HTTP_H
 
 #include <cstdint>
 
-#include "platform/https_client.h"
+#include "platform/secure_http.h"
 #include "win32/ports/message_window.h"
 #include "win32/ports/unique.h"
 
