@@ -170,6 +170,7 @@ inline constexpr int kOpenFile = 322, kShowInFolder = 323, kCopyName = 324, kEdi
 inline constexpr int kAlbumFolder = 326;
 inline constexpr int kNewTitle = 327, kRenameCaption = 329;
 inline constexpr int kVerdictFitsAsMeasured = 330;
+inline constexpr int kFilesListed = 331;  // %%1%% how many, %%2%% the path of the list
 
 }  // namespace tagrix::message
 

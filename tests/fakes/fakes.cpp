@@ -125,7 +125,8 @@ std::wstring TestText(int n) {
                                     kAuthors,          kVerdictFileMissing, kVerdictFileTooMany, kFoldersNotRead,
                                     kNoSuchFolder,     kOverwritesEnd,      kPlaylistWritten,    kPlaylistExists,
                                     kOverwritePlaylist},
-                             two = {kRefused, kApplyClash, kUndoClash, kBulkSummary, kMeasuring, kTagFailure};
+                             two = {kRefused,   kApplyClash, kUndoClash,  kBulkSummary,
+                                    kMeasuring, kTagFailure, kFilesListed};
   const int count = one.contains(n)        ? 1
                     : two.contains(n)      ? 2
                     : n == kVersion        ? 3

@@ -77,6 +77,7 @@ TEST_F(Lister, ListsByCharacterCodeAndTheTreeBreadthFirst) {
   page.recurse_chk.Click();
   page.ext_lst.Select(6);
   EXPECT_EQ(Run(), own + a + deep);
+  EXPECT_EQ(context.status_lbl.Text(), L"<331> 5 C:\\out\\list.txt");
   EXPECT_TRUE(prompts.messages.empty());
   files.beforeCall = [&](const std::wstring& path) {
     if (path == L"C:\\m\\a\\" || path == L"C:\\m\\empty\\") files.FailCall(1);

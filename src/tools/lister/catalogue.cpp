@@ -42,7 +42,7 @@ class Catalogue {
     WritePiece();
     file_.Finish();
     file_.PutInPlace();
-    return {true, std::move(notRead_)};
+    return {true, listed_, std::move(notRead_)};
   }
 
  private:
@@ -105,6 +105,7 @@ class Catalogue {
   void WriteLine(const FileInfo& entry, const std::wstring& folder) {
     text_ += ExpandListerPattern(request_.pattern, ValuesOf(entry.name, entry.size, folder, separator_));
     text_ += L"\r\n";
+    ++listed_;
     if (text_.size() >= kPiece) WritePiece();
     progress_.Pass(entry.name);
   }
@@ -121,6 +122,7 @@ class Catalogue {
   const wchar_t separator_;
   TemporaryFile file_;
   std::wstring text_;  // not written yet
+  int listed_ = 0;     // files
   std::vector<std::wstring> notRead_;
 };
 

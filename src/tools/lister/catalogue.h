@@ -21,6 +21,7 @@ struct CatalogueRequest {
 
 struct CatalogueEnd {
   bool complete = false;              // not cancelled
+  int files = 0;                      // listed
   std::vector<std::wstring> notRead;  // folders below that could not be read, so that what they hold is missing
 };
 

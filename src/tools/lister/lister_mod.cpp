@@ -102,6 +102,7 @@ void RunLister(ListerPage& page, Context& context) {
     return;
   }
   context.settings.Put(setting::kListerPattern, request.pattern);
+  ShowNotice(context, FillMessage(context.Text(message::kFilesListed), {std::to_wstring(end.files), request.target}));
   ShowFoldersNotRead(context, end.notRead);
 }
 
