@@ -268,6 +268,7 @@ void MainWindow::NamePageButtons() {
 
 void MainWindow::ShowPage(int page) {
   Show(page);
+  context.status_lbl.SetText({});  // what it said was about the page before
   if (page == kAboutPage) context.shell.PlaySoundFile(context.programFolder + L"\\OCsound.wav");
 }
 

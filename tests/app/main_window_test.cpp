@@ -77,7 +77,9 @@ TEST_F(MainWindowTest, MissingFilesEndTheProgramOrAreSaid) {
 
 TEST_F(MainWindowTest, KeysTurnThePagesAndSizeAndPageAreRemembered) {
   ASSERT_TRUE(window.StartUp());
+  test.context.status_lbl.SetText(L"of the album page");
   window.form.keyPressed(FormKey::Page, 4);
+  EXPECT_EQ(test.context.status_lbl.Text(), L"");
   EXPECT_TRUE(window.workfrm[4].Visible());
   window.form.keyPressed(FormKey::PreviousPage, 0);
   window.form.keyPressed(FormKey::NextPage, 0);
