@@ -135,6 +135,9 @@ void HttpClient::DataArrival() {
   progress_->Status(L"Downloading : " +
                     Decimals(static_cast<double>(receivedCount_) / 1024, 2, ports_.codePage.DecimalSeparator()) +
                     L" Kb");
+  if (const auto announced = AnnouncedSize(received_); announced && received_.size() <= *announced) {
+    progress_->Percent(Percentage(static_cast<long long>(received_.size()), static_cast<long long>(*announced)));
+  }
 }
 
 }  // namespace tagrix

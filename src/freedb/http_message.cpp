@@ -1,6 +1,7 @@
 #include "freedb/http_message.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "base/publisher.h"
 #include "base/text.h"
@@ -69,6 +70,23 @@ std::optional<std::string_view> RedirectTarget(std::string_view answer) {
   const size_t end = LineEnd(answer, start);
   if (end == answer.npos) return std::nullopt;
   return answer.substr(start, end - start);
+}
+
+std::optional<std::uint64_t> AnnouncedSize(std::string_view answer) {
+  constexpr std::string_view kLength = "\r\ncontent-length:", kEnd = "\r\n\r\n";
+  constexpr size_t kMostHeaders = 1 << 14;  // an answer without any may be long
+  const size_t end = answer.substr(0, kMostHeaders).find(kEnd);
+  if (end == answer.npos) return std::nullopt;
+  const std::string_view headers = answer.substr(0, end);
+  const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  const auto name = std::search(headers.begin(), headers.end(), kLength.begin(), kLength.end(),
+                                [&](char a, char b) { return small(a) == b; });
+  if (name == headers.end()) return std::nullopt;
+  std::string_view digits = headers.substr(static_cast<size_t>(name - headers.begin()) + kLength.size());
+  digits.remove_prefix(std::min(digits.find_first_not_of(' '), digits.size()));
+  std::uint64_t body = 0;
+  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), body);
+  return read.ec == std::errc() ? std::optional(end + kEnd.size() + body) : std::nullopt;
 }
 
 }  // namespace tagrix

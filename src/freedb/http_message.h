@@ -3,6 +3,7 @@
 #ifndef TAGRIX_FREEDB_HTTP_MESSAGE_H
 #define TAGRIX_FREEDB_HTTP_MESSAGE_H
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,6 +28,9 @@ HttpVerdict JudgeAnswer(std::string_view answer);
 
 // What follows "Location:" on its line, the usual blank included; nothing when there is no such line.
 std::optional<std::string_view> RedirectTarget(std::string_view answer);
+
+// How many bytes the whole answer is said to have; nothing before its headers have come, and when they don't say.
+std::optional<std::uint64_t> AnnouncedSize(std::string_view answer);
 
 }  // namespace tagrix
 

@@ -173,6 +173,18 @@ TEST_F(Http, ShowsHowMuchHasCome) {
   Get(L"http://a/");
   EXPECT_EQ(progress.texts.back(), L"Downloading : 12.63 Kb");  // goes on counting
   EXPECT_EQ(test.events.ticks, 1000u);                          // no event was slept through
+  EXPECT_TRUE(progress.percents.empty());
+
+  Answer("HTTP/1.0 200 OK\r\nCONTENT-length: 26\r\n\r\nhalf of its 26");  // 39 bytes of headers
+  Get(L"http://a/");
+  EXPECT_EQ(progress.percents, std::vector<int>{53 * 100 / 65});
+  for (const char* unsaid :
+       {"HTTP/1.0 200 OK\r\nContent-Length: 3\r\n\r\nmore", "HTTP/1.0 200 OK\r\n\r\nContent-Length: 9",
+        "HTTP/1.0 200 OK\r\nContent-Length: some\r\n\r\n"}) {
+    Answer(unsaid);
+    Get(L"http://a/");
+  }
+  EXPECT_EQ(progress.percents.size(), 1U);
 }
 
 TEST_F(Http, GivesUpAnAnswerThatHasNoEnd) {
