@@ -45,8 +45,7 @@ void LongWork::Status(std::wstring_view text) {
 
 void LongWork::Percent(int percent) {
   if (silent_ || (percent == bar_.Percent() && percent > 0)) return;
-  bar_.SetPercent(percent);
-  context_.progress_box.SetPercent(percent);  // which the taskbar shows, too
+  ShowPercent(context_, bar_, percent);
   if (percentage_ != nullptr) percentage_->SetText(percent == 0 ? std::wstring() : std::to_wstring(percent) + L" %");
 }
 
@@ -58,6 +57,11 @@ void LongWork::Pass(std::wstring_view item) {
   passed_ = now;
   Status(item);
   LetEventsRun();
+}
+
+void ShowPercent(Context& context, ProgressBox& bar, int percent) {
+  bar.SetPercent(percent);
+  context.progress_box.SetPercent(percent);  // the main window's, which the taskbar follows
 }
 
 void ShowNotice(Context& context, std::wstring_view text) {

@@ -56,6 +56,9 @@ class SilentWork : public LongWork {
   explicit SilentWork(Context& context) : LongWork(context, Quietly()) {}
 };
 
+// Shows on its bar, and in the taskbar's button, how far something is.
+void ShowPercent(Context& context, ProgressBox& bar, int percent);
+
 // Shows a text in the status line, for a while also while a long operation would show its own.
 void ShowNotice(Context& context, std::wstring_view text);
 

@@ -9,6 +9,7 @@
 #include "base/progress.h"
 #include "base/text.h"
 #include "core/dispatch.h"
+#include "core/long_work.h"
 #include "core/messages.h"
 #include "core/notices.h"
 #include "session/measure_album.h"
@@ -87,10 +88,7 @@ class Measuring : public Progress, public MeasureWatcher {
 
   void Status(std::wstring_view) override {}
   void Pass(std::wstring_view) override {}
-  void Percent(int percent) override {
-    window_.measure_bar.SetPercent(percent);
-    context_.progress_box.SetPercent(percent);  // which the taskbar shows, too
-  }
+  void Percent(int percent) override { ShowPercent(context_, window_.measure_bar, percent); }
   void LetEventsRun() override { context_.events.DoEvents(); }
   bool Cancelled() const override { return window_.form.Closing(); }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/dispatch.h"
+#include "core/long_work.h"
 #include "core/messages.h"
 #include "update/transfer.h"
 #include "update/update_rules.h"
@@ -64,8 +65,7 @@ DownloadResult DownloadInWindow(Context& context, const FtpRequest& request) {
         },
         [&](std::uint64_t done, std::uint64_t total) {
           dialog.progress_lbl.SetText(DownloadProgress(done, total));
-          dialog.download_bar.SetPercent(DownloadPercent(done, total));
-          context.progress_box.SetPercent(DownloadPercent(done, total));  // which the taskbar shows, too
+          ShowPercent(context, dialog.download_bar, DownloadPercent(done, total));
           meter.Measure(done, context.events.TickCount(), dialog.speed_lbl);
         });
   };

@@ -20,12 +20,12 @@ class ListDrag {
   void Begin(int row);
   // Ends it; false when there is none.
   bool Cancel();
-  bool Runs() const { return row_ >= 0; }
   bool Drags(int row) const { return row == row_; }
   // Does what a message of the window means for it; true when it means nothing else.
   bool Take(UINT message, WPARAM wParam);
 
  private:
+  bool Runs() const { return row_ >= 0; }
   void GoOn();
   void End();
 
